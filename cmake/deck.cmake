@@ -1,0 +1,69 @@
+# Functions that every folder's CMakeLists.txt uses: a library per folder, a test program per folder.
+
+add_library(deck_options INTERFACE)
+target_include_directories(deck_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_compile_options(
+  deck_options
+  INTERFACE -Wall
+            -Wextra
+            -Wpedantic
+            -Wconversion
+            -Wshadow
+            -Wnon-virtual-dtor
+            -Werror)
+target_compile_definitions(deck_options INTERFACE $<$<CONFIG:Debug>:_GLIBCXX_ASSERTIONS>)
+
+if(WRENDECK_SANITIZE)
+  set(sanitizers -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  add_compile_options(${sanitizers})
+  add_link_options(${sanitizers})
+endif()
+
+if(WIN32)
+  # Windows 7 is the oldest system the program supports.
+  target_compile_definitions(deck_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
+                                                    _WIN32_WINNT=0x0601)
+  add_compile_options(-fstack-protector-strong)
+  add_link_options(-static -Wl,--dynamicbase,--nxcompat,--high-entropy-va)
+endif()
+
+# deck_library(<folder> SOURCES <files> [WIN32_SOURCES <files>] [USES <folders>])
+# The portable library deck_<folder> and, when building for Windows, deck_<folder>_win32 with the
+# folder's windows and adapters. USES names the folders that the include rules allow.
+function(deck_library folder)
+  cmake_parse_arguments(arg "" "" "SOURCES;WIN32_SOURCES;USES" ${ARGN})
+  set(kind STATIC)
+  set(scope PUBLIC)
+  if(NOT arg_SOURCES)
+    set(kind INTERFACE)
+    set(scope INTERFACE)
+  endif()
+  add_library(deck_${folder} ${kind} ${arg_SOURCES})
+  target_link_libraries(deck_${folder} ${scope} deck_options)
+  foreach(used IN LISTS arg_USES)
+    target_link_libraries(deck_${folder} ${scope} deck_${used})
+  endforeach()
+  if(WIN32)
+    set(kind STATIC)
+    set(scope PUBLIC)
+    if(NOT arg_WIN32_SOURCES)
+      set(kind INTERFACE)
+      set(scope INTERFACE)
+    endif()
+    add_library(deck_${folder}_win32 ${kind} ${arg_WIN32_SOURCES})
+    target_link_libraries(deck_${folder}_win32 ${scope} deck_${folder})
+    foreach(used IN LISTS arg_USES)
+      target_link_libraries(deck_${folder}_win32 ${scope} deck_${used}_win32)
+    endforeach()
+  endif()
+endfunction()
+
+# deck_test(<name> SOURCES <files> LIBRARIES <targets> [LABELS <labels>])
+# One GoogleTest program and one ctest entry: under Wine a cold start costs more than most suites.
+function(deck_test name)
+  cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;LABELS" ${ARGN})
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} deck_options gtest gtest_main)
+  add_test(NAME ${name} COMMAND ${name})
+  set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
+endfunction()

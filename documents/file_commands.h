@@ -1,0 +1,81 @@
+// The six commands of the File menu. Files are read and written whole; what was typed outlives
+// every failure: a document's flag, path and caption change only after the file is on disk.
+// Owned by app/editor.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "documents/document_set.h"
+#include "documents/status_bar.h"
+#include "platform/code_page.h"
+#include "platform/event_loop.h"
+#include "platform/file_dialogs.h"
+#include "platform/files.h"
+#include "platform/prompts.h"
+#include "platform/settings.h"
+
+namespace deck {
+
+// How file commands reach what other folders own; set by app/editor.
+struct FileCommandLinks {
+  std::function<void(const std::u16string& path)> addRecentFile;
+  // Shows the macro panel and analyses the macro file at `path`.
+  std::function<void(const std::u16string& path)> showMacrosOf;
+  // Finds and opens the macro file of the joystick file that is the current document.
+  std::function<void(std::u16string_view extension, const std::u16string& folder)>
+      detectMacroFile;
+  std::function<void()> clearMacros;
+  // The macro file in the current tab was saved.
+  std::function<void()> updateMacroList;
+};
+
+class FileCommands {
+ public:
+  struct Ports {
+    Files& files;
+    FileDialogs& dialogs;
+    Prompts& prompts;
+    EventLoop& events;
+    const CodePage& codePage;
+  };
+
+  FileCommands(DocumentSet& documents, StatusBar& status, const Settings& settings, Ports ports);
+
+  FileCommandLinks links;
+
+  void FileNew();
+  void FileOpen();
+  void FileSave();
+  void FileSaveAs();
+  void FileSaveAll();
+  void FileClose();
+
+  // Opens `path` on a tab, asking first when a document with this very path is open already.
+  // False when the user said No to that question.
+  bool OpenPreviouslySavedFiles(const std::u16string& path);
+
+  // The path that OpenPreviouslySavedFiles opens.
+  std::u16string StartupFile;
+
+ private:
+  bool AskWhetherToOpenAgain(const std::u16string& path);
+  void OpenSelection(const std::u16string& selection);
+  void Load(const std::u16string& path);
+  bool Save();
+  bool SaveAs();
+  bool ChooseNameAndSave();
+  Result<void> Write(Document& document);
+  Result<void> KeepNewerText(const Document& document);
+
+  DocumentSet& documents_;
+  StatusBar& status_;
+  const Settings& settings_;
+  Ports ports_;
+  bool openWithoutDialog_ = false;
+  bool overwriteAgreed_ = false;
+};
+
+}  // namespace deck

@@ -1,0 +1,53 @@
+// The file system. Paths are UTF-16 with "\" as separator. File contents are bytes; see
+// text_encoding.h for text.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/result.h"
+
+namespace deck {
+
+struct FileAttributes {
+  bool folder = false;
+  bool readOnly = false;
+};
+
+class Files {
+ public:
+  virtual ~Files() = default;
+
+  // Nothing when there is no such file or folder or it cannot be asked.
+  virtual std::optional<FileAttributes> Attributes(const std::u16string& path) const = 0;
+  virtual Result<std::string> Read(const std::u16string& path) const = 0;
+
+  // Makes `bytes` the whole content of the file. A process that dies at any moment leaves either
+  // the old file or the new one whole; on failure the old file stands untouched. Attributes stay.
+  virtual Result<void> Replace(const std::u16string& path, std::string_view bytes) = 0;
+  // Fails when the file exists already.
+  virtual Result<void> Create(const std::u16string& path, std::string_view bytes) = 0;
+
+  // True when the file is gone afterwards.
+  virtual bool Delete(const std::u16string& path) = 0;
+  // Never overwrites.
+  virtual bool Copy(const std::u16string& from, const std::u16string& to) = 0;
+  virtual bool CreateFolder(const std::u16string& path) = 0;
+
+  // Absolute and without "." and ".." parts; a relative path starts at the current folder.
+  virtual std::u16string Absolute(const std::u16string& path) const = 0;
+  // Changes the current folder (and with it the drive) of the process. False when it stays.
+  virtual bool SetCurrentFolder(const std::u16string& path) = 0;
+};
+
+// Whether `path` names a file: not empty, without "*" and "?", there, and not a folder.
+bool FileExists(const Files& files, const std::u16string& path);
+
+// The drive of `folder`, then its root, then the folder itself, as programs of old expect their
+// surroundings. Steps that fail are skipped.
+void ChangeDriveAndFolder(Files& files, const std::u16string& folder);
+// Only the root of the drive that `path` begins with.
+void ChangeToDriveRoot(Files& files, const std::u16string& path);
+
+}  // namespace deck

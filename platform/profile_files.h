@@ -1,0 +1,29 @@
+// INI files, key by key and without a cache, through the system's private-profile functions.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace deck {
+
+// Buffer of a text value in characters of the code page, the terminator included.
+inline constexpr int kProfileTextBuffer = 500;
+
+class ProfileFiles {
+ public:
+  virtual ~ProfileFiles() = default;
+
+  // `fallback` when file, section or key is missing or the value is empty; leading digits count
+  // ("12abc" is 12), text without any is 0. Values are 32 bits wide.
+  virtual int ReadInteger(const std::u16string& file, std::u16string_view section,
+                          std::u16string_view key, int fallback) const = 0;
+  // At most `buffer` - 1 characters. Blanks and one pair of quotes round the value are removed.
+  virtual std::u16string ReadText(const std::u16string& file, std::u16string_view section,
+                                  std::u16string_view key, std::u16string_view fallback,
+                                  int buffer = kProfileTextBuffer) const = 0;
+  // Creates the file when missing. False when nothing was written.
+  virtual bool WriteText(const std::u16string& file, std::u16string_view section,
+                         std::u16string_view key, std::u16string_view value) = 0;
+};
+
+}  // namespace deck

@@ -1,5 +1,16 @@
 # Functions that every folder's CMakeLists.txt uses: a library per folder, a test program per folder.
 
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON) # for clang-tidy
+
+# Repeated builds reuse what ccache has seen; without it nothing changes.
+find_program(WRENDECK_CCACHE ccache)
+mark_as_advanced(WRENDECK_CCACHE)
+foreach(language C CXX)
+  if(WRENDECK_CCACHE AND NOT CMAKE_${language}_COMPILER_LAUNCHER)
+    set(CMAKE_${language}_COMPILER_LAUNCHER ${WRENDECK_CCACHE})
+  endif()
+endforeach()
+
 add_library(deck_options INTERFACE)
 target_include_directories(deck_options INTERFACE ${PROJECT_SOURCE_DIR})
 target_compile_options(
@@ -24,7 +35,10 @@ if(WIN32)
   target_compile_definitions(deck_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
                                                     _WIN32_WINNT=0x0601)
   add_compile_options(-fstack-protector-strong)
-  add_link_options(-static -Wl,--dynamicbase,--nxcompat,--high-entropy-va)
+  add_link_options(-static -Wl,--dynamicbase,--nxcompat)
+  if(CMAKE_SIZEOF_VOID_P EQUAL 8)
+    add_link_options(-Wl,--high-entropy-va)
+  endif()
 endif()
 
 # deck_library(<folder> SOURCES <files> [WIN32_SOURCES <files>] [USES <folders>])
@@ -60,10 +74,20 @@ endfunction()
 
 # deck_test(<name> SOURCES <files> LIBRARIES <targets> [LABELS <labels>])
 # One GoogleTest program and one ctest entry: under Wine a cold start costs more than most suites.
+# The results of every case are left in test-results/<name>.xml. Under Windows only suites labelled
+# "core" run side by side: the others share the display, the focus and the clipboard.
 function(deck_test name)
   cmake_parse_arguments(arg "" "" "SOURCES;LIBRARIES;LABELS" ${ARGN})
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE ${arg_LIBRARIES} deck_options gtest gtest_main)
   add_test(NAME ${name} COMMAND ${name})
-  set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}")
+  set(results ${CMAKE_BINARY_DIR}/test-results/${name}.xml)
+  if(CMAKE_CROSSCOMPILING AND WIN32)
+    set(results Z:${results}) # Wine's drive for the whole file system
+  endif()
+  set_tests_properties(${name} PROPERTIES LABELS "${arg_LABELS}" TIMEOUT 300
+                                          ENVIRONMENT GTEST_OUTPUT=xml:${results})
+  if(WIN32 AND NOT "core" IN_LIST arg_LABELS)
+    set_tests_properties(${name} PROPERTIES RESOURCE_LOCK display)
+  endif()
 endfunction()

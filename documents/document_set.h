@@ -72,12 +72,10 @@ class DocumentSet {
   Document& Add();
   // Takes the document and its tab away. The caller selects another; the last one must stay.
   void Remove(int index);
-  // Makes the document untitled and empty.
+  // Puts a new untitled document in the place of this one; its tab stays.
   void Empty(int index);
   // The document's file has another name, or none when `path` is empty.
   void Rename(int index, const std::u16string& path);
-  // Gives the document a new identity: what waited for the old one will not find it.
-  void Renew(int index);
 
   // Selects the tab and runs everything that follows from it.
   void Select(int index);
@@ -99,6 +97,7 @@ class DocumentSet {
   void OnHoverText(DocumentId id);
 
  private:
+  Document NewDocument();
   EditBox::Events EventsFor(DocumentId id);
   void ShowCompileCommands();
 

@@ -25,8 +25,7 @@ struct FileCommandLinks {
   // Shows the macro panel and analyses the macro file at `path`.
   std::function<void(const std::u16string& path)> showMacrosOf;
   // Finds and opens the macro file of the joystick file that is the current document.
-  std::function<void(std::u16string_view extension, const std::u16string& folder)>
-      detectMacroFile;
+  std::function<void(std::u16string_view extension, const std::u16string& folder)> detectMacroFile;
   std::function<void()> clearMacros;
   // The macro file in the current tab was saved.
   std::function<void()> updateMacroList;
@@ -53,28 +52,27 @@ class FileCommands {
   void FileSaveAll();
   void FileClose();
 
-  // Opens `path` on a tab, asking first when a document with this very path is open already.
+  // Opens the file on a tab, asking first when a document with this very path is open already.
   // False when the user said No to that question.
-  bool OpenPreviouslySavedFiles(const std::u16string& path);
-
-  // The path that OpenPreviouslySavedFiles opens.
-  std::u16string StartupFile;
+  bool OpenPreviouslySavedFiles(const std::u16string& startupFile);
 
  private:
-  bool AskWhetherToOpenAgain(const std::u16string& path);
+  bool OpenAgain(const std::u16string& path);
   void OpenSelection(const std::u16string& selection);
   void Load(const std::u16string& path);
+  void CannotOpen(const std::u16string& path, const std::u16string& reason);
+  int TargetForLoading();
   bool Save();
   bool SaveAs();
-  bool ChooseNameAndSave();
+  bool WriteCurrent();
   Result<void> Write(Document& document);
-  Result<void> KeepNewerText(const Document& document);
+  Result<void> KeepNewerText(const Document& document, std::string_view bytesToWrite);
 
   DocumentSet& documents_;
   StatusBar& status_;
   const Settings& settings_;
   Ports ports_;
-  bool openWithoutDialog_ = false;
+  // The user has agreed that the file which stands under the chosen name may be lost.
   bool overwriteAgreed_ = false;
 };
 

@@ -9,9 +9,9 @@ namespace deck {
 struct FileDialogRequest {
   // Pairs of description and pattern, all separated by "|": "Text files|*.txt|All files|*.*".
   std::u16string filter;
-  int filterIndex = 1;           // from 1
-  std::u16string initialFolder;  // empty: the system's choice
-  std::u16string fileName;       // text the name field starts with
+  int filterIndex = 1;                // from 1
+  std::u16string initialFolder = {};  // empty: the system's choice
+  std::u16string fileName = {};       // text the name field starts with
 };
 
 struct SaveChoice {

@@ -1,0 +1,117 @@
+// The program: owns every feature and joins them. The main window reports what happened to it here
+// and nowhere else; every command runs through Execute.
+#pragma once
+
+#include <array>
+#include <functional>
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "app/command_table.h"
+#include "app/recent_files.h"
+#include "app/settings_store.h"
+#include "compiler/compile_command.h"
+#include "compiler/hotas_ini.h"
+#include "compiler/run_and_wait.h"
+#include "documents/document_set.h"
+#include "documents/file_commands.h"
+#include "documents/status_bar.h"
+#include "macros/macro_panel.h"
+#include "platform/code_page.h"
+#include "platform/event_loop.h"
+#include "platform/file_dialogs.h"
+#include "platform/files.h"
+#include "platform/help_system.h"
+#include "platform/keyboard.h"
+#include "platform/macro_panel_view.h"
+#include "platform/main_window_view.h"
+#include "platform/profile_files.h"
+#include "platform/programs.h"
+#include "platform/prompts.h"
+#include "platform/system_info.h"
+
+namespace deck {
+
+struct EditorPorts {
+  MainWindowView& window;
+  MacroPanelView& macroPanel;
+  Files& files;
+  ProfileFiles& profiles;
+  FileDialogs& dialogs;
+  Prompts& prompts;
+  Programs& programs;
+  EventLoop& events;
+  Keyboard& keyboard;
+  const CodePage& codePage;
+  const SystemInfo& system;
+  HelpSystem& help;
+};
+
+class Editor {
+ public:
+  explicit Editor(const EditorPorts& ports);
+
+  // The start-up: host checks, settings, the first tab, the file named on the command line.
+  // `applicationFolder` is the program's own, without a trailing "\". False when the host is
+  // missing: the user has been told and the program must end without another step.
+  [[nodiscard]] bool Load(const std::u16string& applicationFolder, std::u16string_view commandLine);
+  // Any close: asks for every modified document. False keeps the window open.
+  [[nodiscard]] bool QueryUnload();
+  // After QueryUnload: settings are written and the other windows closed.
+  void Unload();
+
+  // Runs a command of the table or a recent file. Unknown and unavailable ones do nothing.
+  void Execute(CommandId command);
+
+  // Tab positions count from 1; a position without a tab does nothing.
+  void OnTabClicked(int position);
+  void OnTabMiddleClicked(int position);
+  void OnTabHovered(int position);
+  void OnStatusBarHovered();
+  void OnFilesDropped(const std::vector<std::u16string>& paths);
+  void OnMenuOpening(Menu menu);
+  void OnTimer(TimerId timer);
+  // The window got the focus: the text has it from there.
+  void OnFocus();
+  // The panels that the status bar keeps by itself; `clock` is the time as the user's locale
+  // writes it, without seconds.
+  void OnKeysAndClock(const std::u16string& clock);
+
+  MacroPanel& Macros() { return macros_; }
+  const Settings& settings() const { return settings_; }
+  const std::u16string& HelpFile() const { return helpFile_; }
+  bool UseHlpFile() const { return useHlpFile_; }
+
+ private:
+  bool HostIsThere(const std::u16string& applicationFolder);
+  void ChooseHelpFile();
+  void RestorePosition();
+  void OpenStartupFile(std::u16string_view commandLine);
+  void Join();
+  void FillCommands();
+  void ShowCommand(CommandId command, bool checked);
+  void OpenRecentFile(std::size_t entry);
+  void ToggleTick(CommandId command, bool& tick);
+
+  EditorPorts ports_;
+  Settings settings_;
+  StatusBar status_;
+  DocumentSet documents_;
+  FileCommands files_;
+  RecentFileList recentFiles_;
+  MacroPanel macros_;
+  HotasIni hotasIni_;
+  RunAndWait wait_;
+  CompileCommand compile_;
+  std::map<CommandId, std::function<void()>> handlers_;
+
+  DownloadTicks ticks_;
+  std::u16string helpFile_;
+  bool isVistaOrLater_ = false;
+  bool useHlpFile_ = true;
+  bool closing_ = false;
+};
+
+}  // namespace deck

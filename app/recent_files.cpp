@@ -1,0 +1,72 @@
+#include "app/recent_files.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "platform/strings.h"
+
+namespace deck {
+namespace {
+
+constexpr std::u16string_view kSection = u"Previous Files";
+constexpr std::u16string_view kCount = u"NumberPreviousFiles";
+
+std::u16string KeyOf(int entry) {
+  return u"PreviousFilePath" + Decimal(entry);
+}
+
+}  // namespace
+
+RecentFileList::RecentFileList(ProfileFiles& profiles, MainWindowView& view,
+                               const Settings& settings)
+    : profiles_(profiles), view_(view), settings_(settings) {}
+
+void RecentFileList::LoadRecentFiles() {
+  recentFiles_.clear();
+  const int count = profiles_.ReadInteger(settings_.SettingsPath, kSection, kCount, 0);
+  const bool fits = count <= std::numeric_limits<std::int16_t>::max();
+  for (int entry = 1; fits && entry <= count; ++entry) {
+    std::u16string path = profiles_.ReadText(settings_.SettingsPath, kSection, KeyOf(entry), u"");
+    // A count that was edited by hand must not give thousands of blank menu items.
+    if (!path.empty()) recentFiles_.push_back(std::move(path));
+  }
+  view_.SetRecentFiles(recentFiles_);
+}
+
+void RecentFileList::AddRecentFile(const std::u16string& path) {
+  const auto maximum = static_cast<std::size_t>(std::max<int>(settings_.MaxPreviousFiles, 0));
+  const auto found = std::ranges::find(recentFiles_, path);
+  if (found != recentFiles_.end()) {
+    std::rotate(recentFiles_.begin(), found, found + 1);
+  } else {
+    recentFiles_.insert(recentFiles_.begin(), path);
+    if (recentFiles_.size() > maximum) recentFiles_.resize(maximum);
+  }
+  view_.SetRecentFiles(recentFiles_);
+  WriteCount();
+  WritePaths();
+}
+
+void RecentFileList::Clear() {
+  const std::size_t entries = recentFiles_.size();
+  recentFiles_.assign(entries, u"");
+  WritePaths();
+  recentFiles_.clear();
+  WriteCount();
+  view_.SetRecentFiles(recentFiles_);
+}
+
+// The list is a convenience: what cannot be stored is simply not there at the next start.
+void RecentFileList::WriteCount() {
+  static_cast<void>(profiles_.WriteText(settings_.SettingsPath, kSection, kCount,
+                                        Decimal(static_cast<int>(recentFiles_.size()))));
+}
+
+void RecentFileList::WritePaths() {
+  int entry = 0;
+  for (const std::u16string& path : recentFiles_) {
+    static_cast<void>(profiles_.WriteText(settings_.SettingsPath, kSection, KeyOf(++entry), path));
+  }
+}
+
+}  // namespace deck

@@ -35,7 +35,8 @@ if(WIN32)
   target_compile_definitions(deck_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN
                                                     _WIN32_WINNT=0x0601)
   add_compile_options(-fstack-protector-strong)
-  add_link_options(-static -Wl,--dynamicbase,--nxcompat)
+  # The option at link time brings in the library that the checks call.
+  add_link_options(-static -fstack-protector-strong -Wl,--dynamicbase,--nxcompat)
   if(CMAKE_SIZEOF_VOID_P EQUAL 8)
     add_link_options(-Wl,--high-entropy-va)
   endif()

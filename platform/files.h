@@ -23,13 +23,14 @@ class Files {
   virtual std::optional<FileAttributes> Attributes(const std::u16string& path) const = 0;
   virtual Result<std::string> Read(const std::u16string& path) const = 0;
 
-  // Makes `bytes` the whole content of the file. A process that dies at any moment leaves either
-  // the old file or the new one whole; on failure the old file stands untouched. Attributes stay.
+  // Makes `bytes` the whole content of the file, which is created when missing. A process that dies
+  // at any moment leaves either the old file or the new one whole; on failure the old file stands
+  // untouched. Attributes stay; a read-only file is not replaced.
   virtual Result<void> Replace(const std::u16string& path, std::string_view bytes) = 0;
   // Fails when the file exists already.
   virtual Result<void> Create(const std::u16string& path, std::string_view bytes) = 0;
 
-  // True when the file is gone afterwards.
+  // True when there is no such file afterwards. Folders and read-only files stay.
   virtual bool Delete(const std::u16string& path) = 0;
   // Never overwrites.
   virtual bool Copy(const std::u16string& from, const std::u16string& to) = 0;
@@ -45,9 +46,10 @@ class Files {
 bool FileExists(const Files& files, const std::u16string& path);
 
 // The drive of `folder`, then its root, then the folder itself, as programs of old expect their
-// surroundings. Steps that fail are skipped.
+// surroundings. The drive is the first character, when that is a letter. Steps that fail are
+// skipped.
 void ChangeDriveAndFolder(Files& files, const std::u16string& folder);
-// Only the root of the drive that `path` begins with.
+// Only the first two of these steps.
 void ChangeToDriveRoot(Files& files, const std::u16string& path);
 
 }  // namespace deck

@@ -14,10 +14,11 @@ class ProfileFiles {
   virtual ~ProfileFiles() = default;
 
   // `fallback` when file, section or key is missing or the value is empty; leading digits count
-  // ("12abc" is 12), text without any is 0. Values are 32 bits wide.
+  // ("12abc" is 12), text without any is 0, "0x10" is 16. Values are 32 bits wide and wrap.
   virtual int ReadInteger(const std::u16string& file, std::u16string_view section,
                           std::u16string_view key, int fallback) const = 0;
   // At most `buffer` - 1 characters. Blanks and one pair of quotes round the value are removed.
+  // `fallback`, without its trailing blanks, when file, section or key is missing.
   virtual std::u16string ReadText(const std::u16string& file, std::u16string_view section,
                                   std::u16string_view key, std::u16string_view fallback,
                                   int buffer = kProfileTextBuffer) const = 0;

@@ -16,14 +16,18 @@ std::u16string_view Trim(std::u16string_view text);
 
 // Simple case mapping, one character to one: ASCII, Latin-1, Latin Extended-A, Greek and Cyrillic,
 // which covers the letters of the Western, Central European, Greek, Turkish, Baltic and Cyrillic
-// code pages. Every other character stays.
+// code pages. Every other character stays, and so do letters without a partner of their own: sharp
+// s, the micro sign and, since the language is not known, the dotted capital and dotless small i.
 char16_t ToLower(char16_t character);
 char16_t ToUpper(char16_t character);
 std::u16string ToLower(std::u16string_view text);
+// The form in which two characters that differ in case only are equal: the small letter, and the
+// usual small sigma for the one that ends a word.
+char16_t FoldCase(char16_t character);
 
 bool EqualsIgnoringCase(std::u16string_view left, std::u16string_view right);
 bool StartsWithIgnoringCase(std::u16string_view text, std::u16string_view prefix);
-// Position of the first occurrence at or after `from`, or npos.
+// Position of the first occurrence at or after `from`, or npos. Empty text occurs everywhere.
 std::size_t FindIgnoringCase(std::u16string_view text, std::u16string_view pattern,
                              std::size_t from = 0);
 

@@ -1,0 +1,30 @@
+// File dialogs that answer by script.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/file_dialogs.h"
+
+namespace deck {
+
+class FakeFileDialogs : public FileDialogs {
+ public:
+  std::optional<std::u16string> Open(const FileDialogRequest& request) override;
+  std::optional<SaveChoice> Save(const FileDialogRequest& request) override;
+
+  // Each is used once; a dialog for which none is left is cancelled and counted as unexpected.
+  std::deque<std::optional<std::u16string>> openResults;
+  std::deque<std::optional<SaveChoice>> saveResults;
+
+  std::vector<FileDialogRequest> openRequests;
+  std::vector<FileDialogRequest> saveRequests;
+  int unexpected = 0;
+  // Runs while a dialog is open.
+  std::function<void()> onShow;
+};
+
+}  // namespace deck

@@ -35,14 +35,17 @@ struct DecodedText {
   FileFormat format;
 };
 
-// Fails for bytes that hold U+0000, since no edit box can hold it.
+// Fails for text that holds U+0000, since no edit box can hold it. A mark whose text is not valid
+// UTF-8 is not taken for one. The last byte of UTF-16 of odd size becomes U+FFFD, so an unedited
+// file has to be written from the bytes that were read.
 Result<DecodedText> DecodeFile(std::string_view bytes, const CodePage& codePage);
 // The text in the format given; when the format cannot hold a character, in UTF-8 without a mark
-// (UTF-16 and UTF-8 hold every text). `format` is what was used afterwards.
+// (UTF-16 holds every text; in UTF-8 half a surrogate pair becomes U+FFFD). `format` is what was
+// used afterwards.
 std::string EncodeFile(std::u16string_view text, FileFormat& format, const CodePage& codePage);
 
 // Text of INI files and other single values: the code page, or UTF-8 where the bytes are UTF-8 and
-// not plain ASCII (as written by EncodeValue for text that the code page cannot hold).
+// not plain ASCII. EncodeValue writes UTF-8 for text that would not come back from the code page.
 std::u16string DecodeValue(std::string_view bytes, const CodePage& codePage);
 std::string EncodeValue(std::u16string_view text, const CodePage& codePage);
 

@@ -207,12 +207,11 @@ class KeySequence {
   }
 
   Check ReadSlash() {
-    const std::string_view letters =
-        TakeUntil(rest_.substr(1), [](char c) { return !IsLetter(c); });
-    if (letters.size() > 1) {
-      return Error{2004, "unknown slash modifier " + Quoted("/" + std::string(letters))};
-    }
-    rest_.remove_prefix(1 + letters.size());
+    const std::size_t letters =
+        TakeUntil(rest_.substr(1), [](char c) { return !IsLetter(c); }).size();
+    const std::string_view modifier = rest_.substr(0, 1 + letters);
+    rest_.remove_prefix(modifier.size());
+    if (letters > 1) return Error{2004, "unknown slash modifier " + Quoted(modifier)};
     return std::nullopt;
   }
 

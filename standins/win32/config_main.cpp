@@ -31,12 +31,12 @@ int AnswerMode(const PanelOrder& order, const ControlFile& control) {
 }  // namespace
 }  // namespace deck
 
-int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int show) {
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int showCmd) {
   const deck::ControlFile control;
   deck::RecordRun(control);
   if (const std::optional<deck::PanelOrder> order = deck::ParsePanelLine(GetCommandLineW())) {
     return deck::AnswerMode(*order, control);
   }
   return deck::ShowNamedWindow(instance, L"HOTAS control panel",
-                               L"Hello! No Cougar is plugged in here, so all is quiet.", show);
+                               L"Hello! No Cougar is plugged in here, so all is quiet.", showCmd);
 }

@@ -3,10 +3,10 @@
 #include "standins/win32/named_window.h"
 #include "standins/win32/surroundings.h"
 
-int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int show) {
+int WINAPI wWinMain(HINSTANCE instance, HINSTANCE, PWSTR, int showCmd) {
   deck::RecordRun(deck::ControlFile());
   const std::wstring name = deck::ProgramName();
   return deck::ShowNamedWindow(
       instance, name,
-      L"Hello! I keep the place of " + name + L" until the real one is installed here.", show);
+      L"Hello! I keep the place of " + name + L" until the real one is installed here.", showCmd);
 }

@@ -156,21 +156,17 @@ void FileCommands::CannotOpen(const std::u16string& path, const std::u16string& 
       {path + u" could not be opened.\r\n" + reason, u"Can't open file", BoxStyle::kExclamation});
 }
 
-void FileCommands::FileSave() {
-  Save();
-}
-
-bool FileCommands::Save() {
+bool FileCommands::FileSave() {
   const ProgressText progress(status_, kSaving);
   const Document& document = documents_.Current();
-  if (document.path.empty()) return SaveAs();
+  if (document.path.empty()) return FileSaveAs();
   const auto attributes = ports_.files.Attributes(document.path);
   if (attributes && attributes->readOnly && !attributes->folder) {
     ports_.prompts.Show({document.path +
                              u" is read only. You'll need to save it elsewhere using the Save As "
                              u"routine. I'll run this for you now.",
                          u"Can't save Read Only file", BoxStyle::kInformation});
-    return SaveAs();
+    return FileSaveAs();
   }
   return WriteCurrent();
 }
@@ -222,11 +218,7 @@ Result<void> FileCommands::KeepNewerText(const Document& document, std::string_v
   return Problem{u"The text on disk is newer, and there is no free name left to keep it under."};
 }
 
-void FileCommands::FileSaveAs() {
-  SaveAs();
-}
-
-bool FileCommands::SaveAs() {
+bool FileCommands::FileSaveAs() {
   FileDialogRequest request{.filter = std::u16string(kSaveFilter)};
   if (!settings_.FilesFolder.empty()) {
     ChangeDriveAndFolder(ports_.files, settings_.FilesFolder);
@@ -249,7 +241,7 @@ bool FileCommands::SaveAs() {
   }
   const ScopeValue agreed(overwriteAgreed_, exists);
   documents_.Rename(documents_.CurrentIndex(), path);
-  if (Save()) return true;
+  if (FileSave()) return true;
   if (const int index = documents_.IndexOf(id); index >= 0) documents_.Rename(index, oldPath);
   return false;
 }
@@ -258,7 +250,7 @@ void FileCommands::FileSaveAll() {
   const DocumentId before = documents_.Current().id;
   for (int index = 0; index < documents_.Count(); ++index) {
     documents_.Select(index);
-    Save();
+    FileSave();
   }
   if (const int index = documents_.IndexOf(before); index >= 0) documents_.Select(index);
 }
@@ -271,7 +263,7 @@ void FileCommands::FileClose() {
         ports_.prompts.Show({caption + u" isn't saved. Do you want to save it now?",
                              u"Save " + caption + u"?", BoxStyle::kYesNoCancel});
     if (answer != Answer::kYes && answer != Answer::kNo) return;
-    if (answer == Answer::kYes && !Save()) return;
+    if (answer == Answer::kYes && !FileSave()) return;
   }
   const int index = documents_.CurrentIndex();
   if (IsMacroFile(documents_.Current().caption)) links.clearMacros();

@@ -47,8 +47,9 @@ class FileCommands {
 
   void FileNew();
   void FileOpen();
-  void FileSave();
-  void FileSaveAs();
+  // Both: false when the text did not reach the disk, cancelled or failed.
+  bool FileSave();
+  bool FileSaveAs();
   void FileSaveAll();
   void FileClose();
 
@@ -62,8 +63,6 @@ class FileCommands {
   void Load(const std::u16string& path);
   void CannotOpen(const std::u16string& path, const std::u16string& reason);
   int TargetForLoading();
-  bool Save();
-  bool SaveAs();
   bool WriteCurrent();
   Result<void> Write(Document& document);
   Result<void> KeepNewerText(const Document& document, std::string_view bytesToWrite);

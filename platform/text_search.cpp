@@ -1,6 +1,7 @@
 #include "platform/text_search.h"
 
 #include <algorithm>
+#include <array>
 #include <string>
 #include <vector>
 
@@ -48,6 +49,26 @@ struct AnyCase {
   char16_t operator()(char16_t character) const { return FoldCase(character); }
 };
 
+// The characters that are the same as one when compared; repeated where there are fewer.
+using Forms = std::array<char16_t, 3>;
+
+Forms FormsOf(char16_t character, ExactCase) {
+  return {character, character, character};
+}
+
+Forms FormsOf(char16_t folded, AnyCase) {
+  constexpr char16_t kSmallFinalSigma = 0x03C2;
+  const bool isSigma = FoldCase(kSmallFinalSigma) == folded;
+  return {folded, ToUpper(folded), isSigma ? kSmallFinalSigma : folded};
+}
+
+std::size_t FindAnyOf(std::u16string_view text, const Forms& forms, std::size_t i,
+                      std::size_t end) {
+  const auto [a, b, c] = forms;
+  while (i < end && text[i] != a && text[i] != b && text[i] != c) ++i;
+  return i;
+}
+
 // For each prefix of the pattern the length of the longest shorter prefix that also ends it: what
 // is still matched when the next character does not fit.
 std::vector<std::size_t> FallBacks(std::u16string_view pattern) {
@@ -68,12 +89,11 @@ int Find(std::u16string_view text, std::u16string pattern, std::size_t start, st
          bool wholeWord, Case asCompared) {
   for (char16_t& character : pattern) character = asCompared(character);
   const std::vector<std::size_t> fallBacks = FallBacks(pattern);
+  const Forms first = FormsOf(pattern[0], asCompared);
   std::size_t matched = 0;
   std::size_t i = start;
   while (true) {
-    if (matched == 0) {
-      while (i < end && asCompared(text[i]) != pattern[0]) ++i;
-    }
+    if (matched == 0) i = FindAnyOf(text, first, i, end);
     if (i >= end) return -1;
     const char16_t character = asCompared(text[i]);
     while (matched > 0 && pattern[matched] != character) matched = fallBacks[matched];

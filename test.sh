@@ -1,0 +1,187 @@
+#!/usr/bin/env bash
+# Builds everything and runs every check; the last line says how many cases passed, failed and were
+# skipped, and the exit status is 0 only when none failed.
+#
+#   ./test.sh           everything
+#   ./test.sh --quick   what needs no Windows: native suites, format, layers
+#
+# Logs go to build/logs; whatever failed is printed here as well.
+set -u
+exec </dev/null
+cd "$(dirname "${BASH_SOURCE[0]}")" || exit 1
+root=$PWD
+logs=$root/build/logs
+jobs=$(nproc)
+
+quick=no
+case "${1:-}" in
+  '') ;;
+  --quick) quick=yes ;;
+  *)
+    sed -n '2,8s/^# \{0,1\}//p' "$0" >&2
+    exit 2
+    ;;
+esac
+
+# A compiled file is the same one in whatever directory the tree stands.
+export CCACHE_BASEDIR=$root CCACHE_NOHASHDIR=1
+
+passed=0 failed=0 skipped=0
+summary=()
+
+# Count <kind> <passed> <failed> <skipped> <seconds>
+Count() {
+  passed=$((passed + $2)) failed=$((failed + $3)) skipped=$((skipped + $4))
+  summary+=("$(printf '%-22s %6d passed %4d failed %4d skipped %5d s' "$@")")
+}
+
+Say() { printf '== %s\n' "$1"; }
+
+# The lines of a log that say what went wrong, or its end where none does so in plain words.
+ShowLog() {
+  { grep -E 'error:|FAILED|undefined reference|warning:' "$1" || tail -n 60 "$1"; } |
+    head -n 60 | sed 's/^/    /'
+}
+
+# Skip <kind> <reason>
+Skip() {
+  Say "$1"
+  printf 'skipped %s: %s\n' "$1" "$2"
+  Count "$1" 0 0 1 0
+}
+
+# Run <kind> <cases> <command...>: so many passed cases when the command succeeds, else a failed one.
+Run() {
+  local kind=$1 cases=$2 start=$SECONDS log=$logs/${1// /-}.log
+  shift 2
+  Say "$kind"
+  if "$@" >"$log" 2>&1; then
+    Count "$kind" "$cases" 0 0 $((SECONDS - start))
+  else
+    printf 'FAILED %s (%s)\n' "$kind" "${log#"$root"/}"
+    ShowLog "$log"
+    Count "$kind" 0 1 0 $((SECONDS - start))
+    return 1
+  fi
+}
+
+# Check <kind> <command...>
+Check() { Run "$1" 1 "${@:2}"; }
+
+# Build <preset>: no case of its own, but a failed one where a program does not build that no suite
+# would miss.
+Build() { Run "build $1" 0 BuildPreset "$1"; }
+
+BuildPreset() {
+  cmake --preset "$1" && cmake --build --preset "$1" -j "$jobs" -- -k 0
+}
+
+# Adds what a runner left in its counts file; a runner that left none is a failure.
+CountRunner() {
+  local kind=$1 file=$2 start=$3 p f s
+  if [ -s "$file" ] && read -r p f s <"$file"; then
+    Count "$kind" "$p" "$f" "$s" $((SECONDS - start))
+  else
+    printf 'FAILED %s: the run ended early\n' "$kind"
+    Count "$kind" 0 1 0 $((SECONDS - start))
+  fi
+}
+
+# Suites <kind> <preset>
+Suites() {
+  local start=$SECONDS
+  Say "$1"
+  rm -f "$logs/$1.counts"
+  if [ -e "build/$2/CTestTestfile.cmake" ]; then
+    python3 scripts/run_suites.py "build/$2" "$logs" "$1" "$jobs"
+  fi
+  CountRunner "$1" "$logs/$1.counts" "$start"
+}
+
+DesktopTests() {
+  local start=$SECONDS
+  Say desktop
+  rm -f "$logs/desktop.counts"
+  if ! scripts/layout.sh >"$logs/layout.log" 2>&1; then
+    ShowLog "$logs/layout.log" # the tests of the program will say that it is not there
+  fi
+  timeout 900 python3 tests/desktop/run.py "$logs"
+  CountRunner desktop "$logs/desktop.counts" "$start"
+}
+
+FormatCheck() {
+  git ls-files -z -- '*.h' '*.cpp' | xargs -0 -r clang-format --dry-run -Werror
+}
+
+# Speed is clang-tidy's business; that a handle went into an owner is more than cppcheck can see.
+Cppcheck() {
+  cppcheck --quiet --error-exitcode=1 -j "$jobs" --platform=win64 --library=windows --std=c++20 \
+    --enable=warning,portability --suppress=resourceLeak --inline-suppr -I. \
+    platform documents macros tools compiler find keytest help app standins
+}
+
+# Has <kind> <program>: whether the program is there; otherwise counts the kind as skipped.
+Has() {
+  command -v "$2" >/dev/null || {
+    Skip "$1" "$2 is not installed"
+    return 1
+  }
+}
+
+Static() {
+  Has format clang-format && Check format FormatCheck
+  Check 'layers self-test' scripts/check_layers.sh --self-test
+  Check layers scripts/check_layers.sh
+  Has cppcheck cppcheck && Check cppcheck Cppcheck
+}
+
+SkipAll() {
+  local reason=$1 kind
+  shift
+  for kind in "$@"; do Skip "$kind" "$reason"; done
+}
+
+WindowsKinds() {
+  local lacking
+  if ! command -v x86_64-w64-mingw32-g++-posix >/dev/null; then
+    SkipAll 'the mingw-w64 compiler is not installed' 'build windows' windows desktop
+    return
+  fi
+  Build windows
+  # shellcheck source=scripts/wine_env.sh
+  source scripts/wine_env.sh
+  if lacking=$(WineMissing); then
+    SkipAll "$lacking" windows desktop
+    return
+  fi
+  Say 'start wine'
+  if ! WineBegin >"$logs/wine.log" 2>&1; then
+    printf 'FAILED start wine\n'
+    ShowLog "$logs/wine.log"
+    Count 'start wine' 0 1 0 0
+    SkipAll 'wine did not start' windows desktop
+    return
+  fi
+  Suites windows windows
+  if Has desktop xdotool; then
+    DesktopTests
+  fi
+  WineEnd
+}
+
+mkdir -p "$logs"
+scripts/setup.sh
+
+Build native-asan
+Suites native native-asan
+Static
+if [ $quick = no ]; then
+  WindowsKinds
+  Has clang-tidy clang-tidy && Check clang-tidy scripts/check_tidy.py build/native-asan
+fi
+
+Say summary
+printf '%s\n' "${summary[@]}"
+printf '%d s in all\n' "$SECONDS"
+printf '%d passed, %d failed, %d skipped\n' "$passed" "$failed" "$skipped"
+[ "$failed" = 0 ]

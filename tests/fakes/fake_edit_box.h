@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/edit_box.h"
+#include "platform/undoable_text.h"
 
 namespace deck {
 
@@ -17,21 +18,21 @@ class FakeEditBox : public EditBox {
   FakeEditBox(const FakeEditBox&) = delete;
   FakeEditBox& operator=(const FakeEditBox&) = delete;
 
-  std::u16string Text() const override { return text_; }
-  int Length() const override { return static_cast<int>(text_.size()); }
+  std::u16string Text() const override { return text_.text(); }
+  int Length() const override { return text_.Length(); }
   void Load(std::u16string_view text) override;
   TextSpan Selection() const override { return selection_; }
   void Select(TextSpan span) override;
   void ReplaceSelection(std::u16string_view text) override;
   void Apply(const std::vector<TextEdit>& edits) override;
   void Undo() override;
-  bool CanUndo() const override { return !history_.empty(); }
+  bool CanUndo() const override { return text_.CanUndo(); }
   int LineOf(int position) const override;
   int StartOfLine(int line) const override;
   void SetVisible(bool visible) override;
   void Focus() override;
 
-  // A user types over the selection and lets the last key go: one undo step.
+  // A user types over the selection, character by character, and lets the last key go.
   void Type(std::u16string_view text);
   // A user presses and releases a key or mouse button that edits nothing, leaving `selection`.
   void MoveCaret(TextSpan selection);
@@ -39,24 +40,17 @@ class FakeEditBox : public EditBox {
 
   bool visible() const { return visible_; }
   bool focused() const { return focusOwner_ == this; }
-  int undoSteps() const { return static_cast<int>(history_.size()); }
+  int undoSteps() const { return static_cast<int>(text_.undoSteps()); }
 
  private:
-  struct State {
-    std::u16string text;
-    TextSpan selection;
-  };
-
-  TextSpan Clamped(TextSpan span) const;
-  bool SetText(std::u16string text, TextSpan selection);
+  void Change(std::vector<TextEdit> edits, TextSpan selectionAfter, EditKind kind);
 
   // Only one window has the keyboard focus.
   inline static FakeEditBox* focusOwner_ = nullptr;
 
   Events events_;
-  std::u16string text_;
+  UndoableText text_;
   TextSpan selection_;
-  std::vector<State> history_;
   bool visible_ = false;
 };
 

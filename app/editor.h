@@ -2,7 +2,6 @@
 // and nowhere else; every command runs through Execute.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <map>
 #include <string>
@@ -13,8 +12,12 @@
 #include "app/recent_files.h"
 #include "app/settings_store.h"
 #include "compiler/compile_command.h"
+#include "compiler/controller_mode_switch.h"
+#include "compiler/download_command.h"
 #include "compiler/hotas_ini.h"
+#include "compiler/run_and_report.h"
 #include "compiler/run_and_wait.h"
+#include "compiler/run_apps.h"
 #include "documents/document_set.h"
 #include "documents/file_commands.h"
 #include "documents/status_bar.h"
@@ -79,6 +82,7 @@ class Editor {
   // writes it, without seconds.
   void OnKeysAndClock(const std::u16string& clock);
 
+  DocumentSet& Documents() { return documents_; }
   MacroPanel& Macros() { return macros_; }
   const Settings& settings() const { return settings_; }
   const std::u16string& HelpFile() const { return helpFile_; }
@@ -89,14 +93,20 @@ class Editor {
   void ChooseHelpFile();
   void RestorePosition();
   void OpenStartupFile(std::u16string_view commandLine);
-  void Join();
-  void FillCommands();
-  void ShowCommand(CommandId command, bool checked);
-  void OpenRecentFile(std::size_t entry);
-  void ToggleTick(CommandId command, bool& tick);
+
+  void JoinFeatures();
+  void JoinFileCommands();
+  void JoinCompiler();
+  void FillHandlers();
+  void ShowCommands();
+  void ShowTick(CommandId command, bool ticked);
+  void ToggleIndentWhenAligning();
+  void OpenRecentFile(std::size_t index);
 
   EditorPorts ports_;
   Settings settings_;
+  DownloadTicks ticks_;
+
   StatusBar status_;
   DocumentSet documents_;
   FileCommands files_;
@@ -104,12 +114,14 @@ class Editor {
   MacroPanel macros_;
   HotasIni hotasIni_;
   RunAndWait wait_;
+  RunAndReport runAndReport_;
+  RunApps runApps_;
   CompileCommand compile_;
+  DownloadCommand download_;
+  ControllerModeSwitch modeSwitch_;
   std::map<CommandId, std::function<void()>> handlers_;
 
-  DownloadTicks ticks_;
   std::u16string helpFile_;
-  bool isVistaOrLater_ = false;
   bool useHlpFile_ = true;
   bool closing_ = false;
 };

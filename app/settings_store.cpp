@@ -115,7 +115,7 @@ bool SaveEditorPosition(ProfileFiles& profiles, const Settings& settings,
   };
   write(u"IndentSpaces", Decimal(settings.IndentSpaces));
   write(u"MaxPreviousFiles", Decimal(settings.MaxPreviousFiles));
-  write(u"IndentAsWell", Decimal(settings.IndentAsWell));
+  write(u"IndentAsWell", Decimal(settings.IndentAsWell == 1 ? 1 : 0));
   write(u"EnableJoystick", Decimal(position.ticks.enableAfterDownload ? 1 : 0));
   write(u"RunAppsWithDownload", Decimal(position.ticks.ignoreRunApp ? 1 : 0));
 

@@ -1,0 +1,297 @@
+#include "app/editor.h"
+
+#include <utility>
+
+#include "app/startup_file.h"
+#include "platform/scope_value.h"
+#include "platform/strings.h"
+
+namespace deck {
+namespace {
+
+// The compiled help is used on this family of systems only.
+constexpr unsigned kVistaMajorVersion = 6;
+
+constexpr std::u16string_view kGreeting =
+    u"Hi there buddy, welcome to WrenDeck  - another handy utility!";
+
+bool IsRecentFile(CommandId command) {
+  return command >= CommandId::kRecentFile1 && command <= CommandId::kRecentFileLast;
+}
+
+}  // namespace
+
+Editor::Editor(const EditorPorts& ports)
+    : ports_(ports),
+      status_(ports.window),
+      documents_(ports.window, status_, ports.keyboard, settings_),
+      files_(documents_, status_, settings_,
+             {ports.files, ports.dialogs, ports.prompts, ports.events, ports.codePage}),
+      recentFiles_(ports.profiles, ports.window, settings_),
+      macros_(documents_, status_, settings_,
+              {ports.files, ports.codePage, ports.prompts, ports.profiles, ports.window,
+               ports.macroPanel}),
+      hotasIni_(ports.profiles, settings_),
+      wait_(hotasIni_, documents_, settings_,
+            {ports.profiles, ports.files, ports.programs, ports.events}),
+      runAndReport_(hotasIni_, wait_, documents_, status_, settings_,
+                    {ports.window, ports.prompts, ports.events}),
+      runApps_(settings_, wait_, {ports.files, ports.programs, ports.events, ports.codePage}),
+      compile_(documents_, settings_, wait_, runAndReport_, {ports.files, ports.prompts}),
+      download_(documents_, settings_, wait_, runAndReport_, runApps_,
+                {ports.files, ports.prompts}),
+      modeSwitch_(hotasIni_, wait_, status_, settings_,
+                  {ports.files, ports.programs, ports.events}) {
+  JoinFeatures();
+  FillHandlers();
+}
+
+// ---- Features meet here, and only here.
+
+void Editor::JoinFeatures() {
+  documents_.refreshMacros = [this](Document& document) { macros_.RefreshFor(document); };
+  macros_.links.openPreviouslySavedFiles = [this](const std::u16string& path) {
+    return files_.OpenPreviouslySavedFiles(path);
+  };
+  macros_.links.save = [this] { return files_.FileSave(); };
+  JoinFileCommands();
+  JoinCompiler();
+}
+
+void Editor::JoinFileCommands() {
+  files_.links = {
+      .addRecentFile = [this](const std::u16string& path) { recentFiles_.AddRecentFile(path); },
+      .showMacrosOf = [this](const std::u16string& path) { macros_.ShowMacrosOf(path); },
+      .detectMacroFile =
+          [this](std::u16string_view extension, const std::u16string& folder) {
+            macros_.DetectMacroFile(extension, folder);
+          },
+      .clearMacros = [this] { macros_.Clear(); },
+      .updateMacroList = [this] { macros_.UpdateMacroList(); },
+  };
+}
+
+void Editor::JoinCompiler() {
+  wait_.closing = [this] { return closing_; };
+  compile_.links.saveCurrentDocument = [this] { files_.FileSave(); };
+  download_.enableAfterDownload = [this] { return ticks_.enableAfterDownload; };
+  runApps_.ignoreRunApp = [this] { return ticks_.ignoreRunApp; };
+}
+
+// ---- Start-up and shutdown.
+
+bool Editor::Load(const std::u16string& applicationFolder, std::u16string_view commandLine) {
+  if (!HostIsThere(applicationFolder)) return false;
+  documents_.SetKeyboardLayoutName(ports_.keyboard.LayoutName());
+  settings_.SettingsPath = applicationFolder + u"\\WrenDeck.ini";
+  documents_.Add();
+  macros_.Clear();
+  ReadHostPreferences(ports_.profiles, applicationFolder, settings_);
+  ShowCommands();
+  ChooseHelpFile();
+  RestorePosition();
+  recentFiles_.LoadRecentFiles();
+  wait_.ReadWaitSettings();
+  const std::u16string info = applicationFolder + u"\\Info";
+  // Where it cannot be made, the help pages are simply not there.
+  if (!ports_.files.Attributes(info)) static_cast<void>(ports_.files.CreateFolder(info));
+  documents_.Select(0);
+  ports_.window.PositionControls(macros_.FrameWidth());
+  OpenStartupFile(commandLine);
+  return true;
+}
+
+bool Editor::HostIsThere(const std::u16string& applicationFolder) {
+  if (!FileExists(ports_.files, applicationFolder + u"\\Wren.exe")) {
+    ports_.prompts.Show(
+        {u"Sorry, but Deck requires Wren to run correctly. Make sure that "
+         u"WrenDeck.exe is in the same directory as Wren.exe",
+         u"Wren not detected", BoxStyle::kCritical});
+    return false;
+  }
+  if (!FileExists(ports_.files, applicationFolder + u"\\Wren.ini")) {
+    ports_.prompts.Show(
+        {u"Sorry, but Deck requires that you've setup your preferences in Wren. "
+         u"Make sure that WrenDeck.exe is in the same directory as Wren.ini",
+         u"Wren incorrectly setup", BoxStyle::kCritical});
+    return false;
+  }
+  return true;
+}
+
+void Editor::ChooseHelpFile() {
+  const auto version = ports_.system.Version();
+  const bool isVistaOrLater =
+      version && version->platform == kNtPlatform && version->major == kVistaMajorVersion;
+  useHlpFile_ = settings_.PreferHlpHelp != 0 || !isVistaOrLater;
+  helpFile_ = settings_.applicationFolder + (useHlpFile_ ? u"\\Wren.hlp" : u"\\Wren.chm");
+  if (!useHlpFile_) ports_.help.Prepare();
+}
+
+void Editor::RestorePosition() {
+  const EditorPosition position = GetEditorPosition(ports_.profiles, settings_);
+  ticks_ = position.ticks;
+  ShowTick(CommandId::kEnableAfterDownload, ticks_.enableAfterDownload);
+  ShowTick(CommandId::kIgnoreRunApp, ticks_.ignoreRunApp);
+  ports_.window.Place(position.placement);
+}
+
+void Editor::OpenStartupFile(std::u16string_view commandLine) {
+  const std::u16string file = StartupFileOf(commandLine);
+  if (FileExists(ports_.files, file)) files_.OpenPreviouslySavedFiles(file);
+}
+
+bool Editor::QueryUnload() {
+  const ScopeValue skip(documents_.SkipMacroRefresh, std::int16_t{1});
+  for (int index = 0; index < documents_.Count(); ++index) {
+    documents_.Select(index);
+    const Document& document = documents_.Current();
+    if (document.modifiedFlag != 1) continue;
+    const Answer answer =
+        ports_.prompts.Show({document.caption + u" isn't saved. Do you want to save it now?",
+                             u"Save " + document.caption + u"?", BoxStyle::kYesNoCancel});
+    if (answer == Answer::kNo) continue;
+    // What could not be saved is not lost: the window stays open with it in front.
+    if (answer != Answer::kYes || !files_.FileSave()) return false;
+  }
+  closing_ = true;
+  return true;
+}
+
+void Editor::Unload() {
+  // Where the settings cannot be written they do not persist.
+  static_cast<void>(SaveEditorPosition(
+      ports_.profiles, settings_, {ticks_, ports_.window.Placement()}, ports_.window.ScreenSize()));
+  if (!useHlpFile_) ports_.help.CloseAll();
+}
+
+// ---- Commands.
+
+void Editor::FillHandlers() {
+  handlers_ = {
+      {CommandId::kFileNew, [this] { files_.FileNew(); }},
+      {CommandId::kFileOpen, [this] { files_.FileOpen(); }},
+      {CommandId::kFileSave, [this] { files_.FileSave(); }},
+      {CommandId::kFileSaveAs, [this] { files_.FileSaveAs(); }},
+      {CommandId::kFileSaveAll, [this] { files_.FileSaveAll(); }},
+      {CommandId::kFileClose, [this] { files_.FileClose(); }},
+      {CommandId::kClearRecentFiles, [this] { recentFiles_.Clear(); }},
+      {CommandId::kExit, [this] { ports_.window.Close(); }},
+      {CommandId::kViewMacros, [this] { macros_.ToggleViewMacros(); }},
+      {CommandId::kUpdateMacroList, [this] { macros_.UpdateMacroList(); }},
+      {CommandId::kIndentWhenAligning, [this] { ToggleIndentWhenAligning(); }},
+      {CommandId::kCompile, [this] { compile_.mnuCompile(); }},
+      {CommandId::kDownload, [this] { download_.mnuFileDownload(); }},
+      {CommandId::kEnableAfterDownload,
+       [this] {
+         ticks_.enableAfterDownload = !ticks_.enableAfterDownload;
+         ShowTick(CommandId::kEnableAfterDownload, ticks_.enableAfterDownload);
+       }},
+      {CommandId::kIgnoreRunApp,
+       [this] {
+         ticks_.ignoreRunApp = !ticks_.ignoreRunApp;
+         ShowTick(CommandId::kIgnoreRunApp, ticks_.ignoreRunApp);
+       }},
+      {CommandId::kNextTab, [this] { documents_.SelectNext(); }},
+      {CommandId::kPreviousTab, [this] { documents_.SelectPrevious(); }},
+  };
+}
+
+void Editor::ShowCommands() {
+  for (const CommandRow& row : kCommands) {
+    if (row.caption.empty()) continue;
+    ports_.window.SetCommand(
+        row.id, {.enabled = handlers_.contains(row.id), .caption = std::u16string(row.caption)});
+  }
+  ShowTick(CommandId::kIndentWhenAligning, settings_.IndentAsWell == 1);
+}
+
+void Editor::ShowTick(CommandId command, bool ticked) {
+  ports_.window.SetCommand(command, {.enabled = true,
+                                     .checked = ticked,
+                                     .caption = std::u16string(FindCommand(command)->caption)});
+}
+
+void Editor::ToggleIndentWhenAligning() {
+  settings_.IndentAsWell = settings_.IndentAsWell == 1 ? 0 : 1;
+  ShowTick(CommandId::kIndentWhenAligning, settings_.IndentAsWell == 1);
+}
+
+void Editor::Execute(CommandId command) {
+  if (IsRecentFile(command)) {
+    OpenRecentFile(static_cast<std::size_t>(command) -
+                   static_cast<std::size_t>(CommandId::kRecentFile1));
+    return;
+  }
+  if (const auto found = handlers_.find(command); found != handlers_.end()) found->second();
+}
+
+void Editor::OpenRecentFile(std::size_t index) {
+  if (index >= recentFiles_.RecentFiles().size()) return;
+  // A copy: opening the file moves the list.
+  const std::u16string path = recentFiles_.RecentFiles()[index];
+  if (FileExists(ports_.files, path)) {
+    files_.OpenPreviouslySavedFiles(path);
+    return;
+  }
+  ports_.prompts.Show({u"There's a problem here ... I couldn't find " + path +
+                           u" which probably means you've deleted it or moved it. Sorry!",
+                       u"Can't find file", BoxStyle::kExclamation});
+}
+
+// ---- Events of the window.
+
+void Editor::OnTabClicked(int position) {
+  if (position >= 1 && position <= documents_.Count()) documents_.Select(position - 1);
+}
+
+void Editor::OnTabMiddleClicked(int position) {
+  if (position < 1 || position > documents_.Count()) return;
+  documents_.Select(position - 1);
+  files_.FileClose();
+}
+
+void Editor::OnTabHovered(int position) {
+  documents_.OnHoverTab(position - 1);
+}
+
+void Editor::OnStatusBarHovered() {
+  if (status_.Message() != kGreeting) status_.Say(std::u16string(kGreeting));
+}
+
+void Editor::OnFilesDropped(const std::vector<std::u16string>& paths) {
+  for (const std::u16string& path : paths) files_.OpenPreviouslySavedFiles(path);
+}
+
+void Editor::OnMenuOpening(Menu) {}
+
+void Editor::OnTimer(TimerId timer) {
+  switch (timer) {
+    case TimerId::kDownloadTimer:
+      wait_.DownloadTimer_Timer();
+      break;
+    case TimerId::kStatusModeTimer:
+      modeSwitch_.StatusModeTimer_Timer();
+      break;
+    case TimerId::kTimer1:
+      documents_.CompilerBusy = 0;
+      ports_.events.StopTimer(TimerId::kTimer1);
+      break;
+  }
+}
+
+void Editor::OnFocus() {
+  if (documents_.Count() > 0) documents_.GetCurrentTextBox().Focus();
+}
+
+void Editor::OnKeysAndClock(const std::u16string& clock) {
+  const auto show = [this](int panel, ToggleKey key, std::u16string_view text) {
+    status_.Set(panel, ports_.keyboard.IsOn(key) ? std::u16string(text) : u"");
+  };
+  show(kInsertPanel, ToggleKey::kInsert, u"INS");
+  show(kCapsPanel, ToggleKey::kCapsLock, u"CAPS");
+  show(kNumPanel, ToggleKey::kNumLock, u"NUM");
+  status_.Set(kClockPanel, clock);
+}
+
+}  // namespace deck

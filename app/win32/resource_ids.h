@@ -1,0 +1,6 @@
+// Numbers of the program's resources, for the resource script and the code. Only what the resource
+// compiler understands may stand here.
+#pragma once
+
+// The system shows the icon with the lowest number as the program's own.
+#define IDI_WRENDECK 1

@@ -1,0 +1,50 @@
+// `TabStrip1`: one tab per document. Owned by MainWindow; positions count from 1.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace deck {
+
+class TabStrip {
+ public:
+  // Unset functions are not called.
+  struct Events {
+    std::function<void(int position)> clicked;
+    std::function<void(int position)> middleClicked;
+    std::function<void(int position)> hovered;
+  };
+
+  TabStrip(HWND parent, Events events);
+
+  HWND Handle() const { return window_; }
+  // The window keeps the font; it must live as long as the window does or until the next call.
+  void SetFont(HFONT font, int dpi);
+
+  // Captions and tool tips are shown letter for letter, "&" included. A position that is not there
+  // does nothing; inserting puts it behind the last tab at most.
+  void Insert(int position, const std::u16string& caption);
+  void Remove(int position);
+  void Set(int position, const std::u16string& caption, const std::u16string& toolTip);
+  void Select(int position);
+
+  // From the parent's WM_NOTIFY; false for messages of other controls.
+  bool OnNotify(NMHDR& header);
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                    UINT_PTR id, DWORD_PTR self);
+  LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+  int PositionAt(LPARAM point) const;
+  HWND ToolTips() const;
+
+  HWND window_;
+  Events events_;
+  std::vector<std::u16string> toolTips_;
+  int pressed_ = 0;  // tab under the middle button when it went down, 0 for none
+};
+
+}  // namespace deck

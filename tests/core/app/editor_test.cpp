@@ -1,0 +1,494 @@
+#include "app/editor.h"
+
+#include <gtest/gtest.h>
+
+#include "tests/core/app/editor_fixture.h"
+
+namespace deck {
+namespace {
+
+using Captions = std::vector<std::u16string>;
+using Texts = std::vector<std::u16string>;
+
+struct StartTest : EditorFixture {};
+struct CloseTest : EditorFixture {};
+struct CommandTest : EditorFixture {};
+struct MainJobTest : EditorFixture {};
+
+TEST_F(StartTest, RefusesToRunWithoutItsHost) {
+  ASSERT_TRUE(files.Delete(u"C:\\Host\\Wren.exe"));
+  ASSERT_TRUE(files.Delete(u"C:\\Host\\Wren.ini"));
+  EXPECT_FALSE(editor.Load(kHostFolder, u"WrenDeck.exe"));
+  EXPECT_EQ(prompts.shown,
+            (std::vector<Message>{
+                {u"Sorry, but Deck requires Wren to run correctly. Make sure that WrenDeck.exe is "
+                 u"in the same directory as Wren.exe",
+                 u"Wren not detected", BoxStyle::kCritical}}));
+  EXPECT_TRUE(view.tabs.empty());
+  EXPECT_TRUE(profiles.writes.empty());
+}
+
+TEST_F(StartTest, RefusesToRunWithoutTheHostsPreferences) {
+  ASSERT_TRUE(files.Delete(u"C:\\Host\\Wren.ini"));
+  EXPECT_FALSE(editor.Load(kHostFolder, u"WrenDeck.exe"));
+  EXPECT_EQ(prompts.shown,
+            (std::vector<Message>{
+                {u"Sorry, but Deck requires that you've setup your preferences in Wren. Make sure "
+                 u"that WrenDeck.exe is in the same directory as Wren.ini",
+                 u"Wren incorrectly setup", BoxStyle::kCritical}}));
+  EXPECT_TRUE(profiles.writes.empty());
+}
+
+TEST_F(StartTest, AFolderIsNoHost) {
+  ASSERT_TRUE(files.Delete(u"C:\\Host\\Wren.exe"));
+  files.AddFolder(u"C:\\Host\\Wren.exe");
+  EXPECT_FALSE(editor.Load(kHostFolder, u"WrenDeck.exe"));
+}
+
+TEST_F(StartTest, ShowsOneUntitledTabAndItsPanels) {
+  Start();
+  EXPECT_EQ(view.Captions(), Captions{u"Untitled"});
+  EXPECT_EQ(view.selectedTab, 1);
+  EXPECT_EQ(Panel(2), u"Line no: 1");
+  EXPECT_EQ(Panel(3), u"New file");
+  EXPECT_EQ(Panel(8), u"No macro file analysed");
+  EXPECT_EQ(view.macroFrameWidth, 0) << "the macro panel is hidden";
+  EXPECT_EQ(view.positionings, 1);
+  EXPECT_TRUE(profiles.writes.empty()) << "a start writes no settings";
+}
+
+TEST_F(StartTest, RestoresTicksAndPlace) {
+  profiles.SetText(kOwnIni,
+                   u"[Miscellaneous]\r\nEnableJoystick=0\r\nRunAppsWithDownload=1\r\n"
+                   u"EditorTopAtStartup=30\r\nEditorLeftAtStartup=45\r\n"
+                   u"EditorWidthAtStartup=9000\r\nEditorHeightAtStartup=6000\r\n"
+                   u"EditorWindowstate=0\r\n[Unsupported]\r\nIndentAsWell=1\r\n");
+  Start();
+  EXPECT_EQ(view.placements,
+            (std::vector<WindowPlacement>{{45, 30, 9000, 6000, WindowState::kNormal}}));
+  EXPECT_FALSE(view.commands[CommandId::kEnableAfterDownload].checked);
+  EXPECT_TRUE(view.commands[CommandId::kIgnoreRunApp].checked);
+  EXPECT_TRUE(view.commands[CommandId::kIndentWhenAligning].checked);
+}
+
+TEST_F(StartTest, OpensMaximisedWithDefaultTicksAtTheFirstStart) {
+  Start();
+  ASSERT_EQ(view.placements.size(), 1u);
+  EXPECT_EQ(view.placements[0].state, WindowState::kMaximised);
+  EXPECT_TRUE(view.commands[CommandId::kEnableAfterDownload].checked);
+  EXPECT_FALSE(view.commands[CommandId::kIgnoreRunApp].checked);
+  EXPECT_FALSE(view.commands[CommandId::kIndentWhenAligning].checked);
+}
+
+TEST_F(StartTest, GivesEveryMenuItemItsCaption) {
+  Start();
+  for (const CommandRow& row : kCommands) {
+    if (row.caption.empty()) continue;
+    EXPECT_EQ(view.commands[row.id].caption, row.caption);
+  }
+}
+
+TEST_F(StartTest, LoadsTheRecentFiles) {
+  profiles.SetText(kOwnIni,
+                   u"[Previous Files]\r\nNumberPreviousFiles=1\r\nPreviousFilePath1=C:\\a.tmj\r\n");
+  Start();
+  EXPECT_EQ(view.recentFiles, Texts{u"C:\\a.tmj"});
+}
+
+TEST_F(StartTest, MakesTheInfoFolderOnly) {
+  Start();
+  EXPECT_TRUE(files.Attributes(u"C:\\Host\\Info") && files.Attributes(u"C:\\Host\\Info")->folder);
+  EXPECT_FALSE(files.Attributes(u"C:\\Host\\Temp"));
+}
+
+TEST_F(StartTest, GoesOnWhenTheInfoFolderCannotBeMade) {
+  files.Fail(FileOperation::kCreateFolder, u"C:\\Host\\Info");
+  Start();
+  EXPECT_EQ(view.Captions(), Captions{u"Untitled"});
+}
+
+TEST_F(StartTest, OpensTheFileOfTheCommandLineIntoTheFirstTab) {
+  files.AddFile(u"C:\\My files\\a.tmj", "BTN S1 X\r\n");
+  Start(u"\"C:\\Host\\WrenDeck.exe\" \"C:\\My files\\a.tmj\"");
+  EXPECT_EQ(view.Captions(), Captions{u"a.tmj"});
+  EXPECT_EQ(Box().Text(), u"BTN S1 X\n");
+  EXPECT_EQ(view.recentFiles, Texts{u"C:\\My files\\a.tmj"});
+}
+
+TEST_F(StartTest, MakesARelativeStartupFileAbsolute) {
+  files.AddFile(u"C:\\Work\\a.tmj", "x");
+  ASSERT_TRUE(files.SetCurrentFolder(u"C:\\Work"));
+  Start(u"WrenDeck.exe a.tmj");
+  ASSERT_TRUE(files.SetCurrentFolder(u"C:\\Host"));
+  Box().Type(u"y");
+  editor.Execute(CommandId::kFileSave);
+  EXPECT_EQ(files.Content(u"C:\\Work\\a.tmj"), "yx");
+}
+
+TEST_F(StartTest, IgnoresACommandLineThatNamesNoFile) {
+  for (const std::u16string_view line : {u"WrenDeck.exe C:\\missing.tmj", u"WrenDeck.exe C:\\Host",
+                                         u"WrenDeck.exe C:\\Host\\*.exe", u"WrenDeck.exe /help"}) {
+    FakeMainWindowView otherView;
+    otherView.makeEditBox = view.makeEditBox;
+    Editor other{{otherView, panel, files, profiles, dialogs, prompts, programs, events, keyboard,
+                  codePage, system, help}};
+    ASSERT_TRUE(other.Load(kHostFolder, line));
+    EXPECT_EQ(otherView.Captions(), Captions{u"Untitled"});
+  }
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+struct HelpCase {
+  std::optional<SystemVersion> version;
+  std::u16string_view prefersHlp;
+  bool useHlp;
+};
+
+class HelpChoice : public EditorFixture, public testing::WithParamInterface<HelpCase> {};
+
+TEST_P(HelpChoice, IsCompiledHelpOnVersionSixOnly) {
+  system.version = GetParam().version;
+  ASSERT_TRUE(profiles.WriteText(kHostIni, u"Unsupported", u"UseHLPnotCHM", GetParam().prefersHlp));
+  Start();
+  EXPECT_EQ(editor.UseHlpFile(), GetParam().useHlp);
+  EXPECT_EQ(editor.HelpFile(), GetParam().useHlp ? u"C:\\Host\\Wren.hlp" : u"C:\\Host\\Wren.chm");
+  EXPECT_EQ(help.prepared, GetParam().useHlp ? 0 : 1);
+  ASSERT_TRUE(editor.QueryUnload());
+  editor.Unload();
+  EXPECT_EQ(help.closed, GetParam().useHlp ? 0 : 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(Systems, HelpChoice,
+                         testing::Values(HelpCase{SystemVersion{2, 6, 0}, u"0", false},
+                                         HelpCase{SystemVersion{2, 6, 2}, u"0", false},
+                                         HelpCase{SystemVersion{2, 6, 2}, u"1", true},
+                                         HelpCase{SystemVersion{2, 6, 2}, u"-1", true},
+                                         HelpCase{SystemVersion{2, 5, 1}, u"0", true},
+                                         HelpCase{SystemVersion{2, 10, 0}, u"0", true},
+                                         HelpCase{SystemVersion{1, 6, 0}, u"0", true},
+                                         HelpCase{std::nullopt, u"0", true}));
+
+TEST_F(CloseTest, WritesSettingsAndPlace) {
+  Start();
+  view.placement = {-15, -200, 9000, 6000, WindowState::kNormal};
+  editor.Execute(CommandId::kIndentWhenAligning);
+  editor.Execute(CommandId::kEnableAfterDownload);
+  ASSERT_TRUE(editor.QueryUnload());
+  EXPECT_TRUE(profiles.writes.empty()) << "nothing is written before the close is certain";
+  editor.Unload();
+  EXPECT_EQ(Own(u"Miscellaneous", u"EditorTopAtStartup"), u"0");
+  EXPECT_EQ(Own(u"Miscellaneous", u"EditorLeftAtStartup"), u"0");
+  EXPECT_EQ(Own(u"Miscellaneous", u"EditorWindowstate"), u"0");
+  EXPECT_EQ(Own(u"Miscellaneous", u"IndentAsWell"), u"1");
+  EXPECT_EQ(Own(u"Miscellaneous", u"EnableJoystick"), u"0");
+  EXPECT_EQ(Own(u"Miscellaneous", u"RunAppsWithDownload"), u"0");
+}
+
+TEST_F(CloseTest, AsksForEachModifiedDocumentUntilCancel) {
+  Start();
+  for (const std::u16string name : {u"a", u"b", u"c", u"d"}) {
+    files.AddFile(u"C:\\" + name + u".tmj", "old");
+    Open(u"C:\\" + name + u".tmj");
+    Box().Type(u"x");
+  }
+  prompts.answers = {Answer::kYes, Answer::kNo, Answer::kCancel};
+  EXPECT_FALSE(editor.QueryUnload());
+  ASSERT_EQ(prompts.shown.size(), 3u);
+  EXPECT_EQ(prompts.shown[0], (Message{u"a.tmj isn't saved. Do you want to save it now?",
+                                       u"Save a.tmj?", BoxStyle::kYesNoCancel}));
+  EXPECT_EQ(files.Content(u"C:\\a.tmj"), "xold");
+  EXPECT_EQ(files.Content(u"C:\\b.tmj"), "old");
+  EXPECT_EQ(files.Content(u"C:\\c.tmj"), "old");
+  EXPECT_EQ(view.Captions(), (Captions{u"a.tmj", u"b.tmj", u"c.tmj", u"d.tmj"}));
+  EXPECT_EQ(view.selectedTab, 3);
+  EXPECT_EQ(editor.Documents()[0].modifiedFlag, 0);
+  EXPECT_EQ(editor.Documents()[1].modifiedFlag, 1);
+  EXPECT_EQ(editor.Documents().SkipMacroRefresh, 0);
+  EXPECT_EQ(Own(u"Miscellaneous", u"EditorWindowstate"), u"");
+}
+
+TEST_F(CloseTest, SelectsEveryTabInTurnWithoutAnalysingMacros) {
+  Start();
+  files.AddFile(u"C:\\a.tmm", "A = b\r\nC = d\r\n");
+  Open(u"C:\\a.tmm");
+  editor.Execute(CommandId::kFileNew);
+  Box().Type(u"x");
+  std::vector<int> selected;
+  prompts.onShow = [&](const Message&) { selected.push_back(view.selectedTab); };
+  prompts.answers = {Answer::kNo};
+  EXPECT_TRUE(editor.QueryUnload());
+  EXPECT_EQ(selected, std::vector<int>{2});
+  EXPECT_EQ(Panel(1), u"Editing Untitled") << "no text of macro analysis";
+}
+
+TEST_F(CloseTest, AFailedOrCancelledSaveKeepsTheWindowOpen) {
+  Start();
+  files.AddFile(u"C:\\a.tmj", "old");
+  Open(u"C:\\a.tmj");
+  Box().Type(u"x");
+  files.Fail(FileOperation::kReplace, u"C:\\a.tmj");
+  prompts.answers = {Answer::kYes};
+  EXPECT_FALSE(editor.QueryUnload());
+  EXPECT_EQ(view.selectedTab, 1);
+  files.StopFailing();
+  editor.Execute(CommandId::kFileNew);
+  Box().Type(u"y");
+  prompts.answers = {Answer::kYes, Answer::kYes};
+  dialogs.saveResults = {std::nullopt};
+  EXPECT_FALSE(editor.QueryUnload());
+  EXPECT_EQ(files.Content(u"C:\\a.tmj"), "xold");
+  EXPECT_EQ(view.selectedTab, 2);
+}
+
+TEST_F(CloseTest, DoesNotAskAboutAnyOtherFlag) {
+  Start();
+  editor.Documents()[0].modifiedFlag = 2;
+  EXPECT_TRUE(editor.QueryUnload());
+}
+
+TEST_F(CloseTest, ExitClosesTheWindow) {
+  Start();
+  editor.Execute(CommandId::kExit);
+  EXPECT_EQ(view.closings, 1);
+}
+
+TEST_F(CommandTest, OpensARecentFile) {
+  files.AddFile(u"C:\\a.tmj", "x");
+  files.AddFile(u"C:\\b.tmj", "y");
+  profiles.SetText(kOwnIni,
+                   u"[Previous Files]\r\nNumberPreviousFiles=2\r\nPreviousFilePath1=C:\\a.tmj\r\n"
+                   u"PreviousFilePath2=C:\\b.tmj\r\n");
+  Start();
+  editor.Execute(static_cast<CommandId>(static_cast<int>(CommandId::kRecentFile1) + 1));
+  EXPECT_EQ(view.Captions(), Captions{u"b.tmj"});
+  EXPECT_EQ(view.recentFiles, (Texts{u"C:\\b.tmj", u"C:\\a.tmj"}));
+}
+
+TEST_F(CommandTest, ARecentFileThatIsOpenAsksFirst) {
+  files.AddFile(u"C:\\a.tmj", "x");
+  Start();
+  Open(u"C:\\a.tmj");
+  prompts.answers = {Answer::kNo, Answer::kYes};
+  editor.Execute(CommandId::kRecentFile1);
+  EXPECT_EQ(view.Captions(), Captions{u"a.tmj"});
+  editor.Execute(CommandId::kRecentFile1);
+  EXPECT_EQ(view.Captions(), (Captions{u"a.tmj", u"a.tmj"}));
+  EXPECT_EQ(prompts.shown[0].title, u"File already open");
+}
+
+TEST_F(CommandTest, ARecentFileThatIsGoneStaysInTheList) {
+  profiles.SetText(kOwnIni,
+                   u"[Previous Files]\r\nNumberPreviousFiles=1\r\nPreviousFilePath1=C:\\a.tmj\r\n");
+  Start();
+  editor.Execute(CommandId::kRecentFile1);
+  EXPECT_EQ(prompts.shown,
+            (std::vector<Message>{
+                {u"There's a problem here ... I couldn't find C:\\a.tmj which probably means "
+                 u"you've deleted it or moved it. Sorry!",
+                 u"Can't find file", BoxStyle::kExclamation}}));
+  EXPECT_EQ(view.recentFiles, Texts{u"C:\\a.tmj"});
+}
+
+TEST_F(CommandTest, NumbersBeyondTheListAndUnknownCommandsDoNothing) {
+  Start();
+  editor.Execute(CommandId::kRecentFile1);
+  editor.Execute(CommandId::kRecentFileLast);
+  editor.Execute(CommandId::kNone);
+  editor.Execute(static_cast<CommandId>(-1));
+  EXPECT_EQ(view.Captions(), Captions{u"Untitled"});
+}
+
+TEST_F(CommandTest, TogglesTheTicks) {
+  Start();
+  for (const CommandId id : {CommandId::kEnableAfterDownload, CommandId::kIgnoreRunApp,
+                             CommandId::kIndentWhenAligning, CommandId::kViewMacros}) {
+    const bool before = view.commands[id].checked;
+    editor.Execute(id);
+    EXPECT_NE(view.commands[id].checked, before);
+    editor.Execute(id);
+    EXPECT_EQ(view.commands[id].checked, before);
+  }
+}
+
+TEST_F(CommandTest, ClicksOnTabsSelectAndMiddleClicksClose) {
+  files.AddFile(u"C:\\a.tmj", "x");
+  files.AddFile(u"C:\\b.tmj", "y");
+  Start();
+  Open(u"C:\\a.tmj");
+  Open(u"C:\\b.tmj");
+  editor.OnTabClicked(1);
+  EXPECT_EQ(view.selectedTab, 1);
+  editor.OnTabClicked(3);
+  editor.OnTabClicked(0);
+  EXPECT_EQ(view.selectedTab, 1);
+  editor.OnTabMiddleClicked(2);
+  EXPECT_EQ(view.Captions(), Captions{u"a.tmj"});
+  editor.OnTabMiddleClicked(2);
+  EXPECT_EQ(view.Captions(), Captions{u"a.tmj"});
+}
+
+TEST_F(CommandTest, CtrlTabGoesRoundTheTabs) {
+  Start();
+  editor.Execute(CommandId::kFileNew);
+  editor.Execute(CommandId::kNextTab);
+  EXPECT_EQ(view.selectedTab, 1);
+  editor.Execute(CommandId::kPreviousTab);
+  EXPECT_EQ(view.selectedTab, 2);
+}
+
+TEST_F(CommandTest, PointingAtATabNamesThatTab) {
+  Start();
+  editor.OnTabHovered(1);
+  EXPECT_EQ(Panel(1), u"Click to select Untitled for editing.");
+}
+
+TEST_F(CommandTest, DroppedFilesOpenLikeAMultipleSelection) {
+  files.AddFile(u"C:\\a.tmj", "x");
+  files.AddFile(u"C:\\b.tmm", "y");
+  Start();
+  editor.OnFilesDropped({u"C:\\a.tmj", u"C:\\gone.tmj", u"C:\\b.tmm"});
+  EXPECT_EQ(view.Captions(), (Captions{u"a.tmj", u"b.tmm"}));
+  EXPECT_EQ(prompts.shown.size(), 1u);
+}
+
+TEST_F(CommandTest, GreetsOverTheStatusBar) {
+  Start();
+  editor.OnStatusBarHovered();
+  EXPECT_EQ(Panel(1), u"Hi there buddy, welcome to WrenDeck  - another handy utility!");
+}
+
+TEST_F(CommandTest, ShowsToggleKeysAndClock) {
+  Start();
+  keyboard.on = {ToggleKey::kCapsLock};
+  editor.OnKeysAndClock(u"14:08");
+  EXPECT_EQ(Panel(5), u"CAPS");
+  EXPECT_EQ(Panel(6), u"");
+  EXPECT_EQ(Panel(7), u"14:08");
+  keyboard.on = {ToggleKey::kNumLock};
+  editor.OnKeysAndClock(u"14:09");
+  EXPECT_EQ(Panel(5), u"");
+  EXPECT_EQ(Panel(6), u"NUM");
+  EXPECT_EQ(Panel(7), u"14:09");
+}
+
+TEST_F(CommandTest, TheTimerAfterASaveTicksOnce) {
+  files.AddFile(u"C:\\a.tmj", "x");
+  Start();
+  Open(u"C:\\a.tmj");
+  editor.Execute(CommandId::kFileSave);
+  EXPECT_EQ(editor.Documents().CompilerBusy, 1);
+  events.Advance(2999);
+  EXPECT_EQ(editor.Documents().CompilerBusy, 1);
+  events.Advance(1);
+  EXPECT_EQ(editor.Documents().CompilerBusy, 0);
+  EXPECT_FALSE(events.IsRunning(TimerId::kTimer1));
+}
+
+TEST_F(CommandTest, GivesTheFocusToTheText) {
+  Start();
+  editor.OnFocus();
+  EXPECT_TRUE(Box().focused());
+}
+
+TEST_F(MainJobTest, OpensInsertsSavesCompilesAndLandsOnTheErrorLine) {
+  files.AddFile(u"C:\\Host\\Files\\f16.tmj", "USE MDEF f16\r\nBTN S1 GUN\r\nBTN S2 \r\n");
+  files.AddFile(u"C:\\Host\\Files\\f16.tmm",
+                "GUN = SPC\r\nrem ----\r\nrem STORES\r\nrem ----\r\nDROP = b\r\nrem end\r\n");
+  Start();
+  Open(u"C:\\Host\\Files\\f16.tmj");
+  EXPECT_EQ(view.Captions(), (Captions{u"f16.tmj", u"f16.tmm"}));
+  EXPECT_EQ(view.selectedTab, 1);
+  EXPECT_EQ(Panel(8), u"f16.tmm");
+  EXPECT_EQ(view.PanelToolTip(8), u"Contains 2 macros and 1 macro headings");
+  EXPECT_EQ(panel.headings, (Texts{u"All", u"Stores"}));
+  EXPECT_EQ(panel.macros, (Texts{u"GUN", u"DROP"}));
+  EXPECT_EQ(view.macroFrameWidth, 300);
+  EXPECT_TRUE(view.commands[CommandId::kViewMacros].checked);
+  EXPECT_EQ(view.recentFiles, (Texts{u"C:\\Host\\Files\\f16.tmm", u"C:\\Host\\Files\\f16.tmj"}));
+
+  Box().MoveCaret({31, 0});
+  editor.Macros().OnMacroClicked(1);
+  EXPECT_EQ(Panel(1), u"DROP = b");
+  editor.Macros().OnMacroDoubleClicked(1);
+  EXPECT_EQ(Box().Text(), u"USE MDEF f16\nBTN S1 GUN\nBTN S2 DROP \n");
+  EXPECT_EQ(Panel(3), u"Modified");
+
+  CompilerReports(u"ERROR", 2, 0, u"Error 2002: something");
+  editor.Execute(CommandId::kCompile);
+  EXPECT_EQ(files.Content(u"C:\\Host\\Files\\f16.tmj"),
+            "USE MDEF f16\r\nBTN S1 GUN\r\nBTN S2 DROP \r\n");
+  ASSERT_EQ(programs.started.size(), 1u);
+  EXPECT_EQ(
+      programs.started[0],
+      (FakePrograms::Started{u"C:\\Host\\HOTASCompiler.exe /WREN /CO \"C:\\Host\\Files\\f16.tmj\"",
+                             ProgramWindow::kNormal, u"C:\\Host"}));
+  EXPECT_EQ(prompts.shown.back(),
+            (Message{u"Compiler reported an error at line 2: Error 2002: something",
+                     u"The compile was unsuccessful", BoxStyle::kExclamation}));
+  EXPECT_EQ(Panel(1), u" Compiler reported an error at line 2: Error 2002: something");
+  EXPECT_EQ(Panel(2), u"Line no: 2");
+  EXPECT_EQ(Box().Selection(), (TextSpan{13, 11}));
+  EXPECT_TRUE(Box().focused());
+
+  CompilerReports(u"OK", 0, 12, u"");
+  editor.Execute(CommandId::kCompile);
+  EXPECT_EQ(Panel(1), u" Compiled successfully. (Memory used: 12%)");
+  EXPECT_EQ(prompts.shown.back(),
+            (Message{u"f16.tmj was compiled successfully.\r\nCompiled file size: 12% of the Cougar "
+                     u"memory.",
+                     u"Compile results", BoxStyle::kInformation}));
+  EXPECT_EQ(editor.Documents().CompilerBusy, 0);
+}
+
+TEST_F(MainJobTest, SavingTheMacroFileShowsItsNewMacros) {
+  files.AddFile(u"C:\\a.tmm", "A1 = b\r\n");
+  Start();
+  Open(u"C:\\a.tmm");
+  EXPECT_EQ(panel.macros, Texts{u"A1"});
+  Box().Type(u"B2 = c\n");
+  editor.Execute(CommandId::kFileSave);
+  EXPECT_EQ(panel.macros, (Texts{u"B2", u"A1"}));
+  EXPECT_EQ(Panel(1), u"a.tmm successfully saved");
+}
+
+TEST_F(MainJobTest, SwitchingTabsShowsTheMacrosOfTheirFiles) {
+  files.AddFile(u"C:\\a.tmj", "USE MDEF a\r\n");
+  files.AddFile(u"C:\\a.tmm", "A1 = b\r\n");
+  files.AddFile(u"C:\\b.tmj", "USE MDEF b\r\n");
+  files.AddFile(u"C:\\b.tmm", "B1 = b\r\n");
+  Start();
+  Open(u"C:\\a.tmj");
+  Open(u"C:\\b.tmj");
+  EXPECT_EQ(panel.macros, Texts{u"B1"});
+  editor.OnTabClicked(1);
+  EXPECT_EQ(panel.macros, Texts{u"A1"});
+  EXPECT_EQ(Panel(8), u"a.tmm");
+  EXPECT_EQ(view.Captions(), (Captions{u"a.tmj", u"a.tmm", u"b.tmj", u"b.tmm"}));
+}
+
+TEST_F(MainJobTest, ClosingTheWindowDuringACompileEndsTheWaitInSilence) {
+  files.AddFile(u"C:\\a.tmj", "BTN S1 X\r\n");
+  Start();
+  Open(u"C:\\a.tmj");
+  events.actions.push_back([this] { EXPECT_TRUE(editor.QueryUnload()); });
+  editor.Execute(CommandId::kCompile);
+  EXPECT_TRUE(prompts.shown.empty());
+  EXPECT_EQ(programs.started.size(), 1u);
+}
+
+TEST_F(MainJobTest, ACancelledCloseDuringACompileLetsTheWaitGoOn) {
+  files.AddFile(u"C:\\a.tmj", "BTN S1 X\r\n");
+  Start();
+  Open(u"C:\\a.tmj");
+  events.actions.push_back([this] {
+    Box().Type(u"y");
+    prompts.answers = {Answer::kCancel};
+    EXPECT_FALSE(editor.QueryUnload());
+  });
+  CompilerReports(u"OK", 0, 3, u"");
+  editor.Execute(CommandId::kCompile);
+  EXPECT_EQ(prompts.shown.back().title, u"Compile results");
+}
+
+}  // namespace
+}  // namespace deck

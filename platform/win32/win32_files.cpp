@@ -1,0 +1,241 @@
+#include "platform/win32/win32_files.h"
+
+#include <windows.h>
+
+#include <algorithm>
+#include <array>
+#include <vector>
+
+#include "platform/strings.h"
+#include "platform/win32/handles.h"
+#include "platform/win32/wide_text.h"
+
+namespace deck {
+namespace {
+
+constexpr LONGLONG kLargestFile = 256 * 1024 * 1024;
+constexpr std::size_t kLargestPiece = 16 * 1024 * 1024;
+constexpr DWORD kNotReplaceable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
+// A second file in their place would not be a link, or not be encrypted.
+constexpr DWORD kWrittenInPlace = FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_ENCRYPTED;
+constexpr DWORD kKeptAttributes =
+    FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
+
+// In the words of the system, without the line break at their end.
+Problem ProblemOf(DWORD error) {
+  std::array<wchar_t, 512> buffer{};
+  const DWORD length =
+      FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
+                     buffer.data(), static_cast<DWORD>(buffer.size()), nullptr);
+  std::wstring reason(buffer.data(), length);
+  reason.erase(reason.find_last_not_of(L"\r\n ") + 1);
+  if (reason.empty()) return {u"Error " + Decimal(error) + u"."};
+  return {FromWide(reason)};
+}
+
+Result<void> ToResult(DWORD error) {
+  if (error == ERROR_SUCCESS) return {};
+  return ProblemOf(error);
+}
+
+// What is wrong with the absolute path itself.
+DWORD PathError(const std::u16string& path) {
+  const bool isDevice = path.starts_with(u"\\\\.\\");
+  if (path.empty() || path.find(u'\0') != std::u16string::npos || isDevice)
+    return ERROR_INVALID_NAME;
+  if (path.size() >= MAX_PATH) return ERROR_FILENAME_EXCED_RANGE;
+  return ERROR_SUCCESS;
+}
+
+bool SeekToStart(HANDLE file) {
+  return SetFilePointerEx(file, {}, nullptr, FILE_BEGIN) != 0;
+}
+
+Result<std::string> ReadAll(HANDLE file) {
+  if (GetFileType(file) != FILE_TYPE_DISK) return ProblemOf(ERROR_INVALID_NAME);
+  LARGE_INTEGER size{};
+  if (!GetFileSizeEx(file, &size)) return ProblemOf(GetLastError());
+  if (size.QuadPart > kLargestFile) return Problem{u"The file is too large."};
+  std::string bytes(static_cast<std::size_t>(size.QuadPart), '\0');
+  std::size_t done = 0;
+  while (done < bytes.size()) {
+    const DWORD wanted = static_cast<DWORD>(std::min(bytes.size() - done, kLargestPiece));
+    DWORD got = 0;
+    if (!ReadFile(file, bytes.data() + done, wanted, &got, nullptr))
+      return ProblemOf(GetLastError());
+    if (got == 0) break;
+    done += got;
+  }
+  bytes.resize(done);
+  return bytes;
+}
+
+// From the file's pointer on.
+DWORD WriteAll(HANDLE file, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const DWORD wanted = static_cast<DWORD>(std::min(bytes.size(), kLargestPiece));
+    DWORD written = 0;
+    if (!WriteFile(file, bytes.data(), wanted, &written, nullptr)) return GetLastError();
+    if (written == 0) return ERROR_WRITE_FAULT;
+    bytes.remove_prefix(written);
+  }
+  return ERROR_SUCCESS;
+}
+
+DWORD Flush(HANDLE file) {
+  return FlushFileBuffers(file) ? ERROR_SUCCESS : GetLastError();
+}
+
+// Leaves nothing behind when it fails.
+DWORD WriteNewFile(const std::u16string& path, std::string_view bytes, DWORD attributes) {
+  FileHandle file(
+      CreateFileW(Wide(path), GENERIC_WRITE, 0, nullptr, CREATE_NEW, attributes, nullptr));
+  if (!file) return GetLastError();
+  DWORD error = WriteAll(file.Get(), bytes);
+  if (error == ERROR_SUCCESS) error = Flush(file.Get());
+  if (error != ERROR_SUCCESS) {
+    file.Reset();
+    DeleteFileW(Wide(path));
+  }
+  return error;
+}
+
+// Who may use the file, where that differs from the folder's rule.
+void CopyAccessRights(const std::u16string& from, const std::u16string& to) {
+  DWORD size = 0;
+  GetFileSecurityW(Wide(from), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+  std::vector<std::byte> descriptor(size);
+  if (size != 0 &&
+      GetFileSecurityW(Wide(from), DACL_SECURITY_INFORMATION, descriptor.data(), size, &size)) {
+    SetFileSecurityW(Wide(to), DACL_SECURITY_INFORMATION, descriptor.data());
+  }
+}
+
+// Beside the file and like no other one, even of a process that died with its own left behind.
+std::u16string SecondName(const std::u16string& path) {
+  const auto milliseconds = static_cast<std::int64_t>(GetTickCount64());
+  return path + u"~" + Decimal(GetCurrentProcessId()) + u"-" + Decimal(milliseconds) + u".tmp";
+}
+
+DWORD ReplaceBySecondFile(const std::u16string& path, std::string_view bytes, DWORD attributes) {
+  const std::u16string second = SecondName(path);
+  DWORD error = WriteNewFile(second, bytes, attributes);
+  if (error != ERROR_SUCCESS) return error;
+  CopyAccessRights(path, second);
+  if (MoveFileExW(Wide(second), Wide(path), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    return ERROR_SUCCESS;
+  error = GetLastError();
+  DeleteFileW(Wide(second));
+  return error;
+}
+
+DWORD Overwrite(HANDLE file, std::string_view bytes) {
+  // Room first: a full disk is found out before the first old byte is gone.
+  LARGE_INTEGER size{};
+  if (!GetFileSizeEx(file, &size)) return GetLastError();
+  const LONGLONG wanted = static_cast<LONGLONG>(bytes.size());
+  if (wanted > size.QuadPart) {
+    size.QuadPart = wanted;
+    if (!SetFilePointerEx(file, size, nullptr, FILE_BEGIN) || !SetEndOfFile(file))
+      return GetLastError();
+  }
+  if (!SeekToStart(file)) return GetLastError();
+  const DWORD error = WriteAll(file, bytes);
+  if (error != ERROR_SUCCESS) return error;
+  return SetEndOfFile(file) ? Flush(file) : GetLastError();
+}
+
+Result<void> ReplaceInPlace(const std::u16string& path, std::string_view bytes) {
+  const FileHandle file(CreateFileW(Wide(path), GENERIC_READ | GENERIC_WRITE, FILE_SHARE_READ,
+                                    nullptr, OPEN_EXISTING, 0, nullptr));
+  if (!file) return ProblemOf(GetLastError());
+  const Result<std::string> old = ReadAll(file.Get());
+  if (!old) return old.problem();
+  const DWORD error = Overwrite(file.Get(), bytes);
+  if (error != ERROR_SUCCESS) Overwrite(file.Get(), *old);
+  return ToResult(error);
+}
+
+}  // namespace
+
+std::optional<FileAttributes> Win32Files::Attributes(const std::u16string& path) const {
+  const std::u16string absolute = Absolute(path);
+  if (PathError(absolute) != ERROR_SUCCESS) return std::nullopt;
+  const DWORD attributes = GetFileAttributesW(Wide(absolute));
+  if (attributes == INVALID_FILE_ATTRIBUTES) return std::nullopt;
+  return FileAttributes{.folder = (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0,
+                        .readOnly = (attributes & FILE_ATTRIBUTE_READONLY) != 0};
+}
+
+Result<std::string> Win32Files::Read(const std::u16string& path) const {
+  const std::u16string absolute = Absolute(path);
+  if (const DWORD error = PathError(absolute)) return ProblemOf(error);
+  const FileHandle file(CreateFileW(Wide(absolute), GENERIC_READ,
+                                    FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                    OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+  if (!file) return ProblemOf(GetLastError());
+  return ReadAll(file.Get());
+}
+
+Result<void> Win32Files::Replace(const std::u16string& path, std::string_view bytes) {
+  const std::u16string absolute = Absolute(path);
+  if (const DWORD error = PathError(absolute)) return ProblemOf(error);
+  const DWORD attributes = GetFileAttributesW(Wide(absolute));
+  const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+  if (exists && (attributes & kNotReplaceable) != 0) return ProblemOf(ERROR_ACCESS_DENIED);
+  const DWORD kept = exists ? attributes & kKeptAttributes : 0;
+  if (!exists || (attributes & kWrittenInPlace) == 0) {
+    const DWORD error = ReplaceBySecondFile(absolute, bytes, kept | FILE_ATTRIBUTE_ARCHIVE);
+    if (error == ERROR_SUCCESS) return {};
+  }
+  return exists ? ReplaceInPlace(absolute, bytes)
+                : ToResult(WriteNewFile(absolute, bytes, FILE_ATTRIBUTE_NORMAL));
+}
+
+Result<void> Win32Files::Create(const std::u16string& path, std::string_view bytes) {
+  const std::u16string absolute = Absolute(path);
+  if (const DWORD error = PathError(absolute)) return ProblemOf(error);
+  return ToResult(WriteNewFile(absolute, bytes, FILE_ATTRIBUTE_NORMAL));
+}
+
+bool Win32Files::Delete(const std::u16string& path) {
+  const std::u16string absolute = Absolute(path);
+  if (PathError(absolute) != ERROR_SUCCESS) return false;
+  const DWORD attributes = GetFileAttributesW(Wide(absolute));
+  if (attributes == INVALID_FILE_ATTRIBUTES) {
+    const DWORD error = GetLastError();
+    return error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND;
+  }
+  return (attributes & kNotReplaceable) == 0 && DeleteFileW(Wide(absolute));
+}
+
+bool Win32Files::Copy(const std::u16string& from, const std::u16string& to) {
+  const std::u16string source = Absolute(from);
+  const std::u16string target = Absolute(to);
+  return PathError(source) == ERROR_SUCCESS && PathError(target) == ERROR_SUCCESS &&
+         CopyFileW(Wide(source), Wide(target), TRUE);
+}
+
+bool Win32Files::CreateFolder(const std::u16string& path) {
+  const std::u16string absolute = Absolute(path);
+  return PathError(absolute) == ERROR_SUCCESS && CreateDirectoryW(Wide(absolute), nullptr);
+}
+
+std::u16string Win32Files::Absolute(const std::u16string& path) const {
+  if (path.empty() || path.find(u'\0') != std::u16string::npos) return path;
+  std::wstring absolute(MAX_PATH, L'\0');
+  DWORD length =
+      GetFullPathNameW(Wide(path), static_cast<DWORD>(absolute.size()), absolute.data(), nullptr);
+  if (length >= absolute.size()) {
+    absolute.resize(length);
+    length = GetFullPathNameW(Wide(path), length, absolute.data(), nullptr);
+  }
+  absolute.resize(length);
+  return FromWide(absolute);
+}
+
+bool Win32Files::SetCurrentFolder(const std::u16string& path) {
+  return path.find(u'\0') == std::u16string::npos && SetCurrentDirectoryW(Wide(path));
+}
+
+}  // namespace deck

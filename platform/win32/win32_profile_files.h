@@ -1,0 +1,31 @@
+// INI files through the system's private-profile functions of the code page: other programs write
+// and read the same files with them. Owned by the program's entry.
+#pragma once
+
+#include "platform/code_page.h"
+#include "platform/profile_files.h"
+
+namespace deck {
+
+class Win32ProfileFiles : public ProfileFiles {
+ public:
+  // `codePage` has to be the system's and to outlive this object.
+  explicit Win32ProfileFiles(const CodePage& codePage) : codePage_(codePage) {}
+
+  int ReadInteger(const std::u16string& file, std::u16string_view section, std::u16string_view key,
+                  int fallback) const override;
+  std::u16string ReadText(const std::u16string& file, std::u16string_view section,
+                          std::u16string_view key, std::u16string_view fallback,
+                          int buffer = kProfileTextBuffer) const override;
+  bool WriteText(const std::u16string& file, std::u16string_view section, std::u16string_view key,
+                 std::u16string_view value) override;
+
+ private:
+  std::string Encoded(std::u16string_view text) const;
+  // The path in the code page; empty when it has no form there.
+  std::string EncodedPath(const std::u16string& path) const;
+
+  const CodePage& codePage_;
+};
+
+}  // namespace deck

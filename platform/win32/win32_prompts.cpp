@@ -1,0 +1,29 @@
+#include "platform/win32/win32_prompts.h"
+
+#include "platform/win32/wide_text.h"
+
+namespace deck {
+namespace {
+
+// For a box that the system could not show: the answer that does nothing.
+Answer MostCautious(BoxStyle style) {
+  switch (style) {
+    case BoxStyle::kYesNoCancel:
+      return Answer::kCancel;
+    case BoxStyle::kYesNo:
+    case BoxStyle::kYesNoExclamationDefaultNo:
+      return Answer::kNo;
+    default:
+      return Answer::kOk;
+  }
+}
+
+}  // namespace
+
+Answer Win32Prompts::Show(const Message& message) {
+  const int button = MessageBoxW(owner_(), Wide(message.text), Wide(message.title),
+                                 static_cast<UINT>(message.style));
+  return button == 0 ? MostCautious(message.style) : static_cast<Answer>(button);
+}
+
+}  // namespace deck

@@ -134,7 +134,6 @@ void MacroPanel::ClearAllForNewMacroFile() {
   list_ = {};
   heading_ = 0;
   chosenMacro_.clear();
-  lastClick_.reset();
   ports_.view.ShowHeadings({}, -1);
   ports_.view.ShowMacros({});
 }

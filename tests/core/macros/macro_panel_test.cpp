@@ -1078,6 +1078,16 @@ TEST_F(InsertMacro, DoubleClicksFollowOneAnother) {
   EXPECT_EQ(Box().Text(), u"BTN S2 FIRE /H\nBTN T1 FIRE MISSILE FIRE ");
 }
 
+TEST_F(InsertMacro, AnInsertedMacroLeavesNoPlaceToComeBackTo) {
+  Box().Load(u"BTN S2 FIRE /H\nBTN T1 ");
+  Box().Select({22, 0});
+  DoubleClick(kFire);
+  Box().MoveCaret({7, 5});
+  DoubleClick(kFire);
+  EXPECT_EQ(Box().Text(), u"BTN S2 FIRE /H\nBTN T1 FIRE ");
+  EXPECT_EQ(Box().Selection(), (TextSpan{12, 0}));
+}
+
 TEST_F(InsertMacro, WorksOnAnyKindOfDocument) {
   documents.Select(0);
   DoubleClick(kFire);

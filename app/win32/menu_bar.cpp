@@ -39,7 +39,7 @@ MenuBar::MenuBar() : bar_(CreateMenu()) {
       Append(popup, row);
     }
     const std::u16string caption(heading.caption);
-    AppendMenuW(bar_, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), AsWide(caption));
+    AppendMenuW(bar_, MF_POPUP, reinterpret_cast<UINT_PTR>(popup), Wide(caption));
   }
 }
 
@@ -66,7 +66,7 @@ UINT MenuBar::State(const CommandRow& row) const {
 }
 
 void MenuBar::Append(HMENU popup, const CommandRow& row) const {
-  AppendMenuW(popup, MF_STRING | State(row), ItemId(row.id), AsWide(Caption(row)));
+  AppendMenuW(popup, MF_STRING | State(row), ItemId(row.id), Wide(Caption(row)));
 }
 
 void MenuBar::SetCommand(CommandId command, const CommandState& state) {
@@ -78,7 +78,7 @@ void MenuBar::SetCommand(CommandId command, const CommandState& state) {
   item.cbSize = sizeof item;
   item.fMask = MIIM_STRING | MIIM_STATE;
   item.fState = State(*row);
-  item.dwTypeData = AsWide(caption);
+  item.dwTypeData = MutableWide(caption);
   SetMenuItemInfoW(popups_[row->menu], static_cast<UINT>(command), FALSE, &item);
 }
 
@@ -96,7 +96,7 @@ void MenuBar::SetRecentFiles(const std::vector<std::u16string>& paths) {
   const HMENU menu = popups_[Menu::kFile];
   const auto insert = [&](UINT flags, CommandId command, const std::u16string& caption) {
     InsertMenuW(menu, static_cast<UINT>(recentPosition_ + recentItems_), MF_BYPOSITION | flags,
-                ItemId(command), AsWide(caption));
+                ItemId(command), Wide(caption));
     ++recentItems_;
   };
   insert(MF_SEPARATOR, CommandId::kNone, {});

@@ -54,7 +54,7 @@ void StatusBarControl::SetPanel(int panel, const std::u16string& text) {
   // A tab would move what follows it to the middle of the panel.
   std::u16string shown = text;
   std::replace(shown.begin(), shown.end(), u'\t', u' ');
-  SendMessageW(window_, SB_SETTEXTW, index, reinterpret_cast<LPARAM>(AsWide(shown)));
+  SendMessageW(window_, SB_SETTEXTW, index, reinterpret_cast<LPARAM>(Wide(shown)));
   ArrangePanels();
   ShowToolTips();
 }

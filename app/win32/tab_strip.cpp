@@ -22,7 +22,7 @@ constexpr int kTabPadding = 8;
 TCITEMW ItemWith(std::u16string& caption) {
   TCITEMW item{};
   item.mask = TCIF_TEXT;
-  item.pszText = AsWide(caption);
+  item.pszText = MutableWide(caption);
   return item;
 }
 
@@ -88,7 +88,7 @@ bool TabStrip::OnNotify(NMHDR& header) {
   }
   if (header.hwndFrom == ToolTips() && header.code == TTN_GETDISPINFOW &&
       header.idFrom < toolTips_.size()) {
-    reinterpret_cast<NMTTDISPINFOW&>(header).lpszText = AsWide(toolTips_[header.idFrom]);
+    reinterpret_cast<NMTTDISPINFOW&>(header).lpszText = MutableWide(toolTips_[header.idFrom]);
     return true;
   }
   return false;

@@ -54,6 +54,10 @@ class EditBox {
   // Several replacements as one undo step: `edits` in ascending order without overlaps. Selection
   // and scroll position stay with the text they were on as far as it still exists.
   virtual void Apply(const std::vector<TextEdit>& edits) = 0;
+  // Several replacements, each an undo step of its own, in the order given: a span refers to the
+  // text as the ones before it left it. The caret ends behind the last new text. The box shows only
+  // the end, so this costs about what one Apply costs, not so many times ReplaceSelection.
+  virtual void ApplyStepByStep(const std::vector<TextEdit>& steps) = 0;
 
   // Takes back one step; does nothing when there is none.
   virtual void Undo() = 0;
@@ -63,6 +67,10 @@ class EditBox {
   virtual int LineOf(int position) const = 0;
   // Position of the line's first character, or -1 when there is no such line.
   virtual int StartOfLine(int line) const = 0;
+
+  // Puts the font of documents back on the whole text. No change, no undo step; selection and
+  // scroll position stay.
+  virtual void RefreshFont() = 0;
 
   virtual void SetVisible(bool visible) = 0;
   virtual void Focus() = 0;

@@ -41,6 +41,13 @@ void FakeEditBox::Apply(const std::vector<TextEdit>& edits) {
   Change(edits, moved, EditKind::kOther);
 }
 
+void FakeEditBox::ApplyStepByStep(const std::vector<TextEdit>& steps) {
+  for (const TextEdit& step : steps) {
+    Select(step.span);
+    ReplaceSelection(step.replacement);
+  }
+}
+
 void FakeEditBox::Undo() {
   const std::optional<UndoableText::Step> step = text_.Undo(selection_);
   if (!step) return;

@@ -25,10 +25,12 @@ class FakeEditBox : public EditBox {
   void Select(TextSpan span) override;
   void ReplaceSelection(std::u16string_view text) override;
   void Apply(const std::vector<TextEdit>& edits) override;
+  void ApplyStepByStep(const std::vector<TextEdit>& steps) override;
   void Undo() override;
   bool CanUndo() const override { return text_.CanUndo(); }
   int LineOf(int position) const override;
   int StartOfLine(int line) const override;
+  void RefreshFont() override { hasForeignFont = false; }
   void SetVisible(bool visible) override;
   void Focus() override;
 
@@ -41,6 +43,9 @@ class FakeEditBox : public EditBox {
   bool visible() const { return visible_; }
   bool focused() const { return focusOwner_ == this; }
   int undoSteps() const { return static_cast<int>(text_.undoSteps()); }
+
+  // Part of the text is not in the font of documents.
+  bool hasForeignFont = false;
 
  private:
   void Change(std::vector<TextEdit> edits, TextSpan selectionAfter, EditKind kind);

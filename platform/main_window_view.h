@@ -18,8 +18,8 @@ struct CommandState {
   bool enabled = true;
   bool checked = false;
   std::u16string caption;  // without the shortcut's text; "&" before the mnemonic
-  // `enabled` holds for the menu item only, since it was asked for when the menu opened; the toolbar
-  // button, which nobody would enable again, keeps its state.
+  // `enabled` holds for the menu item only, since it was asked for when the menu opened; the
+  // toolbar button, which nobody would enable again, keeps its state.
   bool menuItemOnly = false;
 
   friend bool operator==(const CommandState&, const CommandState&) = default;

@@ -150,8 +150,7 @@ TEST_P(HelpChoice, IsCompiledHelpOnVersionSixOnly) {
   system.version = GetParam().version;
   ASSERT_TRUE(profiles.WriteText(kHostIni, u"Unsupported", u"UseHLPnotCHM", GetParam().prefersHlp));
   Start();
-  EXPECT_EQ(editor.UseHlpFile(), GetParam().useHlp);
-  EXPECT_EQ(editor.HelpFile(), GetParam().useHlp ? u"C:\\Host\\Wren.hlp" : u"C:\\Host\\Wren.chm");
+  EXPECT_EQ(editor.Help().UseHlpFile, GetParam().useHlp);
   EXPECT_EQ(help.prepared, GetParam().useHlp ? 0 : 1);
   ASSERT_TRUE(editor.QueryUnload());
   editor.Unload();

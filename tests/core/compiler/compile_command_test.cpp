@@ -358,14 +358,6 @@ TEST_F(CompileCommandTest, AfterATabSwitchError1013StaysOnTheNewTab) {
   EXPECT_EQ(documents.CurrentIndex(), 1);
 }
 
-TEST_F(CompileCommandTest, OnTheSameTabTheErrorLineSwitchesNoTab) {
-  CompilerFailsAtLine(2);
-  refreshedMacrosOf.clear();
-  compile.mnuCompile();
-  for (const std::u16string& entry : log) EXPECT_NE(entry, u"status: Editing first.tmj");
-  EXPECT_TRUE(refreshedMacrosOf.empty());
-}
-
 TEST_F(CompileCommandTest, TheErrorLineFollowsItsDocumentToAnotherTabPosition) {
   documents.Select(1);
   CompilerFailsAtLine(2);

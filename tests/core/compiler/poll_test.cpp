@@ -14,7 +14,7 @@ constexpr std::int32_t kMost = std::numeric_limits<std::int32_t>::max();
 int TicksUntilTimeOut(const WaitSettings& settings) {
   PollState state;
   int ticks = 0;
-  while (state.outcome == PollOutcome::kWaiting) {
+  while (state.outcome == PollOutcome::kWaiting && ticks < 1000) {
     state = AfterTick(state, u"", settings);
     ++ticks;
   }

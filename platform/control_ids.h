@@ -2,6 +2,8 @@
 // never renumber, only add.
 #pragma once
 
+#include <string_view>
+
 namespace deck {
 
 enum class ControlId : int {
@@ -12,6 +14,23 @@ enum class ControlId : int {
   kFrameMacros = 1005,
   kCombo1 = 1006,
   kList1 = 1007,
+};
+
+// Where and as what a control is found.
+struct ControlRow {
+  ControlId id;
+  std::u16string_view name;
+  std::u16string_view window;       // class of the window it belongs to
+  std::u16string_view windowClass;  // its own class
+};
+
+inline constexpr ControlRow kControls[] = {
+    {ControlId::kTabStrip1, u"TabStrip1", u"Editor", u"SysTabControl32"},
+    {ControlId::kStatusBar1, u"StatusBar1", u"Editor", u"msctls_statusbar32"},
+    {ControlId::kText1, u"Text1", u"Editor", u"RICHEDIT50W"},
+    {ControlId::kFrameMacros, u"FrameMacros", u"Editor", u"FrameMacros"},
+    {ControlId::kCombo1, u"Combo1", u"FrameMacros", u"ComboBox"},
+    {ControlId::kList1, u"List1", u"FrameMacros", u"ListBox"},
 };
 
 }  // namespace deck

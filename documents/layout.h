@@ -25,6 +25,10 @@ struct Rectangle {
   friend bool operator==(const Rectangle&, const Rectangle&) = default;
 };
 
+// Whole windows: the window moved, not resized, so that as much as possible of it lies in the area.
+// What is larger than the area keeps its upper left corner inside.
+Rectangle MovedInto(const Rectangle& window, const Rectangle& area);
+
 // The main window.
 
 struct MainWindowSizes {

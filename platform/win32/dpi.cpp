@@ -33,15 +33,12 @@ int DpiOfScreen() {
 }
 
 // Windows 8.1 knows the resolution of monitors, but not yet of windows.
-int DpiOfMonitor(HWND window) {
+int DpiOfMonitor(HMONITOR monitor) {
   static const auto get =
       Find<HRESULT WINAPI(HMONITOR, int, UINT*, UINT*)>(L"shcore.dll", "GetDpiForMonitor");
   UINT horizontal = 0;
   UINT vertical = 0;
-  if (get == nullptr || FAILED(get(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST),
-                                   kEffectiveDpi, &horizontal, &vertical))) {
-    return 0;
-  }
+  if (get == nullptr || FAILED(get(monitor, kEffectiveDpi, &horizontal, &vertical))) return 0;
   return static_cast<int>(vertical);
 }
 
@@ -70,8 +67,13 @@ int DpiOf(HWND window) {
   if (get != nullptr) {
     dpi = static_cast<int>(get(window));
   } else if (window != nullptr) {
-    dpi = DpiOfMonitor(window);
+    dpi = DpiOfMonitor(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST));
   }
+  return dpi > 0 ? dpi : DpiOfScreen();
+}
+
+int DpiAt(const RECT& place) {
+  const int dpi = DpiOfMonitor(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST));
   return dpi > 0 ? dpi : DpiOfScreen();
 }
 

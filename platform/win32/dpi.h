@@ -9,6 +9,9 @@ namespace deck {
 // Dots per inch at which the window draws; never 0.
 int DpiOf(HWND window);
 
+// Of the monitor that holds most of the rectangle, or the nearest one; in screen coordinates.
+int DpiAt(const RECT& place);
+
 // Fonts of the system for dialogs and lists, and for status bars, as large as the user wants them.
 LOGFONTW MessageFont(int dpi);
 LOGFONTW StatusFont(int dpi);

@@ -9,9 +9,6 @@
 namespace deck {
 namespace {
 
-// The compiled help is used on this family of systems only.
-constexpr unsigned kVistaMajorVersion = 6;
-
 constexpr std::u16string_view kGreeting =
     u"Hi there buddy, welcome to WrenDeck  - another handy utility!";
 
@@ -41,7 +38,8 @@ Editor::Editor(const EditorPorts& ports)
       download_(documents_, settings_, wait_, runAndReport_, runApps_,
                 {ports.files, ports.prompts}),
       modeSwitch_(hotasIni_, wait_, status_, settings_,
-                  {ports.files, ports.programs, ports.events}) {
+                  {ports.files, ports.programs, ports.events}),
+      help_(settings_, helpFile_, {ports.files, ports.prompts, ports.programs, ports.help}) {
   JoinFeatures();
   FillHandlers();
 }
@@ -88,7 +86,8 @@ bool Editor::Load(const std::u16string& applicationFolder, std::u16string_view c
   macros_.Clear();
   ReadHostPreferences(ports_.profiles, applicationFolder, settings_);
   ShowCommands();
-  ChooseHelpFile();
+  helpFile_ = ChooseHelpFile(settings_, ports_.system.Version());
+  if (!helpFile_.UseHlpFile) ports_.help.Prepare();
   RestorePosition();
   recentFiles_.LoadRecentFiles();
   wait_.ReadWaitSettings();
@@ -117,15 +116,6 @@ bool Editor::HostIsThere(const std::u16string& applicationFolder) {
     return false;
   }
   return true;
-}
-
-void Editor::ChooseHelpFile() {
-  const auto version = ports_.system.Version();
-  const bool isVistaOrLater =
-      version && version->platform == kNtPlatform && version->major == kVistaMajorVersion;
-  useHlpFile_ = settings_.PreferHlpHelp != 0 || !isVistaOrLater;
-  helpFile_ = settings_.applicationFolder + (useHlpFile_ ? u"\\Wren.hlp" : u"\\Wren.chm");
-  if (!useHlpFile_) ports_.help.Prepare();
 }
 
 void Editor::RestorePosition() {
@@ -162,7 +152,7 @@ void Editor::Unload() {
   // Where the settings cannot be written they do not persist.
   static_cast<void>(SaveEditorPosition(
       ports_.profiles, settings_, {ticks_, ports_.window.Placement()}, ports_.window.ScreenSize()));
-  if (!useHlpFile_) ports_.help.CloseAll();
+  if (!helpFile_.UseHlpFile) ports_.help.CloseAll();
 }
 
 // ---- Commands.
@@ -192,6 +182,11 @@ void Editor::FillHandlers() {
          ticks_.ignoreRunApp = !ticks_.ignoreRunApp;
          ShowTick(CommandId::kIgnoreRunApp, ticks_.ignoreRunApp);
        }},
+      {CommandId::kAppWren, [this] { help_.mnuAppsArray(0); }},
+      {CommandId::kAppStarter, [this] { help_.mnuAppsArray(1); }},
+      {CommandId::kAppControlPanel, [this] { help_.mnuAppsArray(2); }},
+      {CommandId::kHelpTopics, [this] { help_.mnuHelpTopics(); }},
+      {CommandId::kHelpVersion, [this] { help_.mnuHelpVersion(); }},
       {CommandId::kNextTab, [this] { documents_.SelectNext(); }},
       {CommandId::kPreviousTab, [this] { documents_.SelectPrevious(); }},
   };

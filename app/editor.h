@@ -21,6 +21,8 @@
 #include "documents/document_set.h"
 #include "documents/file_commands.h"
 #include "documents/status_bar.h"
+#include "help/help_commands.h"
+#include "help/help_file.h"
 #include "macros/macro_panel.h"
 #include "platform/code_page.h"
 #include "platform/event_loop.h"
@@ -85,12 +87,10 @@ class Editor {
   DocumentSet& Documents() { return documents_; }
   MacroPanel& Macros() { return macros_; }
   const Settings& settings() const { return settings_; }
-  const std::u16string& HelpFile() const { return helpFile_; }
-  bool UseHlpFile() const { return useHlpFile_; }
+  const HelpFile& Help() const { return helpFile_; }
 
  private:
   bool HostIsThere(const std::u16string& applicationFolder);
-  void ChooseHelpFile();
   void RestorePosition();
   void OpenStartupFile(std::u16string_view commandLine);
 
@@ -119,10 +119,10 @@ class Editor {
   CompileCommand compile_;
   DownloadCommand download_;
   ControllerModeSwitch modeSwitch_;
+  HelpFile helpFile_;
+  HelpCommands help_;
   std::map<CommandId, std::function<void()>> handlers_;
 
-  std::u16string helpFile_;
-  bool useHlpFile_ = true;
   bool closing_ = false;
 };
 

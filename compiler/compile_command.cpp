@@ -49,7 +49,7 @@ bool CompileCommand::DocumentIsOnDisk() {
 }
 
 // The error line and the result must not hide behind the smaller windows.
-void CompileCommand::ClearTheDesk() {
+void CompileCommand::ClearTheDesk() const {
   Call(links.minimiseFind);
   Call(links.minimiseQuickHelp);
   Call(links.unloadKeyTester);

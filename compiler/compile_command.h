@@ -39,7 +39,7 @@ class CompileCommand {
  private:
   bool CompilerIsThere();
   bool DocumentIsOnDisk();
-  void ClearTheDesk();
+  void ClearTheDesk() const;
 
   DocumentSet& documents_;
   const Settings& settings_;

@@ -37,7 +37,7 @@ void ControllerModeSwitch::SwitchButtonsMode(std::int16_t mode) {
 
 void ControllerModeSwitch::StatusModeTimer_Timer() {
   hotasIni_.ReadControllerModeStatus();
-  state_ = AfterTick(state_, hotasIni_.Mode().Status, wait_.waitSettings());
+  state_ = AfterTick(state_, hotasIni_.Mode().Status, wait_.PollSettings());
   if (state_.outcome != PollOutcome::kWaiting) {
     ports_.events.StopTimer(TimerId::kStatusModeTimer);
   }

@@ -65,7 +65,7 @@ void RunAndReport::ShowEndOfWait(CompilerTask task, WaitResult ended) {
 void RunAndReport::SelectErrorLine(DocumentId document, const CompilerResult& result) {
   const int index = documents_.IndexOf(document);
   if (index < 0 || !IsPlaceInDocument(result.ErrorCode)) return;
-  if (index != documents_.CurrentIndex()) {
+  {
     const ScopeValue skip(documents_.SkipMacroRefresh, std::int16_t{1});
     documents_.Select(index);
   }

@@ -68,7 +68,7 @@ class RunAndWait {
 
   std::int32_t WaitLimit() const { return waitSettings_.WaitLimit; }
   std::int32_t PollInterval() const { return waitSettings_.PollInterval; }
-  const WaitSettings& waitSettings() const { return waitSettings_; }
+  const WaitSettings& PollSettings() const { return waitSettings_; }
   std::int32_t WaitElapsed() const { return state_.elapsed; }
   std::int16_t WaitOutcome() const { return static_cast<std::int16_t>(state_.outcome); }
 

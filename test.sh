@@ -155,7 +155,7 @@ WindowsKinds() {
     return
   fi
   Say 'start wine'
-  if ! WineBegin >"$logs/wine.log" 2>&1; then
+  if ! WineBegin private >"$logs/wine.log" 2>&1; then
     printf 'FAILED start wine\n'
     ShowLog "$logs/wine.log"
     Count 'start wine' 0 1 0 0

@@ -4,7 +4,8 @@
 #
 #   source scripts/wine_env.sh
 #   WineMissing || ...    # prints what is lacking; fails when nothing is
-#   WineBegin             # exports DISPLAY, WINEPREFIX ...; ends by itself when the script ends
+#   WineBegin private     # exports DISPLAY, WINEPREFIX ...; ends by itself when the script ends
+#   WineBegin here        # the same prefix, but on the display that DISPLAY names
 #
 # Run instead of sourced it starts one command inside that environment:
 #
@@ -34,6 +35,7 @@ WineVariables() {
   unset LANG LANGUAGE
 }
 
+# WineBegin private|here
 WineBegin() {
   WineVariables
   mkdir -p "$wineRoot/build/logs"
@@ -42,7 +44,10 @@ WineBegin() {
   trap 'exit 130' INT
   trap 'exit 143' TERM
   WineStopServer # one that a killed run left behind
-  WineStartDisplay && WinePrepare && WineStartServer
+  if [ "$1" = private ]; then
+    WineStartDisplay || return 1
+  fi
+  WinePrepare && WineStartServer
 }
 
 # Stops what WineBegin started: by process id, and the server of this prefix only.
@@ -184,7 +189,7 @@ if [ "${BASH_SOURCE[0]}" = "$0" ]; then
     printf 'wine: %s\n' "$lacking" >&2
     exit 1
   fi
-  WineBegin || exit 1
+  WineBegin private || exit 1
   "$@"
   exit
 fi

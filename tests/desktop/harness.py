@@ -409,14 +409,14 @@ class Program:
         return wait_for(look, f"a window of class {kind} titled {title}", seconds)
 
     def wait_dialog(self, title, seconds=PATIENCE):
-        return self.wait_window(DIALOG, title, seconds)
+        return self._wait_keys(self.wait_window(DIALOG, title, seconds))
 
     def wait_no_window(self, title):
         wait_for(lambda: all(window.title != title for window in self.windows()),
                  f"the end of the window \"{title}\"")
 
     def wait_main(self, kind, seconds=PATIENCE):
-        self._main = self.wait_window(kind=kind, seconds=seconds)
+        self._main = self._wait_keys(self.wait_window(kind=kind, seconds=seconds))
         return self._main
 
     @property
@@ -424,6 +424,12 @@ class Program:
         """The main window, with the facts of now."""
         return next((window for window in self.windows() if window.handle == self._main.handle),
                     self._main)
+
+    def _wait_keys(self, window):
+        """A window that takes the keyboard is on the display, where a click finds it."""
+        wait_for(lambda: window_with_keys() == (self._process.pid, window.title),
+                 f"\"{window.title}\" to have the keyboard")
+        return window
 
     # Keys go to the window with the focus, whosever it is.
 

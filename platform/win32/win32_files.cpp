@@ -8,6 +8,7 @@
 
 #include "platform/strings.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/system_error.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
@@ -20,18 +21,6 @@ constexpr DWORD kNotReplaceable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READ
 constexpr DWORD kWrittenInPlace = FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_ENCRYPTED;
 constexpr DWORD kKeptAttributes =
     FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM | FILE_ATTRIBUTE_NOT_CONTENT_INDEXED;
-
-// In the words of the system, without the line break at their end.
-Problem ProblemOf(DWORD error) {
-  std::array<wchar_t, 512> buffer{};
-  const DWORD length =
-      FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error, 0,
-                     buffer.data(), static_cast<DWORD>(buffer.size()), nullptr);
-  std::wstring reason(buffer.data(), length);
-  reason.erase(reason.find_last_not_of(L"\r\n ") + 1);
-  if (reason.empty()) return {u"Error " + Decimal(error) + u"."};
-  return {FromWide(reason)};
-}
 
 Result<void> ToResult(DWORD error) {
   if (error == ERROR_SUCCESS) return {};

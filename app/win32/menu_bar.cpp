@@ -8,11 +8,6 @@
 namespace deck {
 namespace {
 
-constexpr CommandId kEditMenu[] = {
-    CommandId::kUndo,  CommandId::kNone,   CommandId::kCut,  CommandId::kCopy,
-    CommandId::kPaste, CommandId::kDelete, CommandId::kNone, CommandId::kSelectAll,
-};
-
 UINT_PTR ItemId(CommandId command) {
   return static_cast<UINT_PTR>(command);
 }
@@ -110,22 +105,7 @@ void MenuBar::SetRecentFiles(const std::vector<std::u16string>& paths) {
   insert(MF_STRING | State(clear), clear.id, Caption(clear));
 }
 
-CommandId MenuBar::ShowEditMenu(HWND owner, POINT where) const {
-  const HMENU menu = CreatePopupMenu();
-  for (const CommandId command : kEditMenu) {
-    if (command == CommandId::kNone) {
-      AppendSeparator(menu);
-    } else {
-      Append(menu, *FindCommand(command));
-    }
-  }
-  const int chosen =
-      TrackPopupMenu(menu, TPM_RETURNCMD | TPM_RIGHTBUTTON, where.x, where.y, 0, owner, nullptr);
-  DestroyMenu(menu);
-  return static_cast<CommandId>(chosen);
-}
-
-HACCEL MakeAccelerators() {
+AcceleratorsHandle MakeAccelerators() {
   std::vector<ACCEL> keys;
   for (const CommandRow& row : kCommands) {
     if (row.shortcut.key == 0 || row.shortcut.shownOnly) continue;
@@ -133,7 +113,7 @@ HACCEL MakeAccelerators() {
                           (row.shortcut.shift ? FSHIFT : 0) | (row.shortcut.alt ? FALT : 0);
     keys.push_back({static_cast<BYTE>(modifiers), row.shortcut.key, static_cast<WORD>(row.id)});
   }
-  return CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size()));
+  return AcceleratorsHandle(CreateAcceleratorTableW(keys.data(), static_cast<int>(keys.size())));
 }
 
 }  // namespace deck

@@ -1,5 +1,5 @@
-// The menus of the main window, its shortcuts and the context menu of the edit boxes, all made from
-// the command table. Owned by MainWindow; the menu itself belongs to the window it was set on.
+// The menus of the main window and its shortcuts, made from the command table. Owned by MainWindow;
+// the menu itself belongs to the window it was set on.
 #pragma once
 
 #include <windows.h>
@@ -10,6 +10,7 @@
 
 #include "app/command_table.h"
 #include "platform/main_window_view.h"
+#include "platform/win32/handles.h"
 
 namespace deck {
 
@@ -27,9 +28,6 @@ class MenuBar {
   // them.
   void SetRecentFiles(const std::vector<std::u16string>& paths);
 
-  // For the point in screen coordinates. Returns the command chosen, or kNone.
-  CommandId ShowEditMenu(HWND owner, POINT where) const;
-
  private:
   std::u16string Caption(const CommandRow& row) const;
   UINT State(const CommandRow& row) const;
@@ -43,7 +41,7 @@ class MenuBar {
   int recentItems_ = 0;                       // with separator and the item that clears them
 };
 
-// The shortcuts that the window itself acts on. The caller destroys the table.
-HACCEL MakeAccelerators();
+// The shortcuts that the window itself acts on.
+AcceleratorsHandle MakeAccelerators();
 
 }  // namespace deck

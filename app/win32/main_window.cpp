@@ -1,0 +1,283 @@
+#include "app/win32/main_window.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "app/win32/resource_ids.h"
+#include "platform/control_ids.h"
+#include "platform/scope_value.h"
+#include "platform/twips.h"
+#include "platform/win32/dpi.h"
+#include "platform/win32/fonts.h"
+#include "platform/win32/wide_text.h"
+
+namespace deck {
+namespace {
+
+constexpr const wchar_t* kClassName = L"Editor";
+constexpr const wchar_t* kTitle = L"Wren Deck";
+
+// Pixels at 96 dpi, until a place is restored.
+constexpr int kFirstWidth = 888;
+constexpr int kFirstHeight = 593;
+
+void RegisterEditorClass(WNDPROC procedure) {
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  description.lpfnWndProc = procedure;
+  description.hInstance = GetModuleHandleW(nullptr);
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+  description.lpszClassName = kClassName;
+  RegisterClassExW(&description);  // fails harmlessly when it was done before
+}
+
+IconHandle LoadOwnIcon(int widthMetric, int heightMetric, int dpi) {
+  return IconHandle(static_cast<HICON>(
+      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_WRENDECK), IMAGE_ICON,
+                 SystemMetric(widthMetric, dpi), SystemMetric(heightMetric, dpi), 0)));
+}
+
+Rectangle FromRect(const RECT& rect) {
+  return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+RECT ToRect(const Rectangle& rectangle) {
+  return {rectangle.left, rectangle.top, rectangle.right(), rectangle.bottom()};
+}
+
+Rectangle PixelsOf(const WindowPlacement& placement, int dpi) {
+  return {PixelsFromTwips(placement.left, dpi), PixelsFromTwips(placement.top, dpi),
+          PixelsFromTwips(placement.width, dpi), PixelsFromTwips(placement.height, dpi)};
+}
+
+MONITORINFO InfoOf(HMONITOR monitor) {
+  MONITORINFO info{};
+  info.cbSize = sizeof info;
+  GetMonitorInfoW(monitor, &info);
+  return info;
+}
+
+Rectangle OntoAMonitor(const Rectangle& window) {
+  const RECT rect = ToRect(window);
+  if (MonitorFromRect(&rect, MONITOR_DEFAULTTONULL) != nullptr) return window;
+  const MONITORINFO nearest = InfoOf(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST));
+  return MovedInto(window, FromRect(nearest.rcWork));
+}
+
+// Where the window stands when it is neither minimised nor maximised.
+Rectangle NormalPlace(HWND window) {
+  if (!IsIconic(window) && !IsZoomed(window)) {
+    RECT rect{};
+    GetWindowRect(window, &rect);
+    return FromRect(rect);
+  }
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  GetWindowPlacement(window, &placement);
+  Rectangle place = FromRect(placement.rcNormalPosition);
+  // The system counts this one from the corner of the area that the task bar leaves.
+  const MONITORINFO monitor =
+      InfoOf(MonitorFromRect(&placement.rcNormalPosition, MONITOR_DEFAULTTONEAREST));
+  place.left += monitor.rcWork.left - monitor.rcMonitor.left;
+  place.top += monitor.rcWork.top - monitor.rcMonitor.top;
+  return place;
+}
+
+HDWP Move(HDWP moves, HWND window, const Rectangle& where, UINT flags = 0) {
+  return DeferWindowPos(moves, window, nullptr, where.left, where.top, where.width, where.height,
+                        SWP_NOZORDER | SWP_NOACTIVATE | flags);
+}
+
+}  // namespace
+
+MainWindow::MainWindow() : shortcuts_(MakeAccelerators()) {
+  RegisterEditorClass(Procedure);
+  CreateWindowExW(WS_EX_ACCEPTFILES, kClassName, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                  CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr,
+                  menu_.Handle(), GetModuleHandleW(nullptr), this);
+}
+
+MainWindow::~MainWindow() {
+  // While the parts still live that the window's procedure reports to.
+  DestroyWindow(window_);
+}
+
+void MainWindow::OnCreate() {
+  dpi_ = DpiOf(window_);
+  CreateParts();
+  SetFonts();
+  SetWindowPos(window_, nullptr, 0, 0, ScaleToDpi(kFirstWidth, dpi_),
+               ScaleToDpi(kFirstHeight, dpi_), SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  SetTimer(window_, kHousekeepingTimer, kHousekeepingInterval, nullptr);
+}
+
+void MainWindow::CreateParts() {
+  TabStrip::Events tabEvents;
+  tabEvents.clicked = [this](int position) { Report(events.tabClicked, position); };
+  tabEvents.middleClicked = [this](int position) { Report(events.tabMiddleClicked, position); };
+  tabEvents.hovered = [this](int position) { Report(events.tabHovered, position); };
+  tabs_.emplace(window_, std::move(tabEvents));
+  macroPanel_.emplace(window_);
+  macroPanel_->events.splitterMoved = [this](int width) { PositionControls(width); };
+  macroPanel_->events.left = [this] { Report(events.focused); };
+  status_.emplace(window_, [this] { Report(events.statusBarHovered); });
+  editBoxes_.insertModeChanged = [this] { ReportKeysAndClock(); };
+  editBoxes_.filesDropped = [this](const std::vector<std::u16string>& paths) {
+    OnFilesDropped(paths);
+  };
+}
+
+void MainWindow::SetFonts() {
+  FontHandle tabFont = MakeFont(MessageFont(dpi_));
+  FontHandle statusFont = MakeFont(StatusFont(dpi_));
+  tabs_->SetFont(tabFont.Get(), dpi_);
+  status_->SetFont(statusFont.Get(), dpi_);
+  macroPanel_->SetFont(MessageFont(dpi_), dpi_);
+  // Only now are the old ones out of use.
+  tabFont_ = std::move(tabFont);
+  statusFont_ = std::move(statusFont);
+  SetIcons();
+}
+
+void MainWindow::SetIcons() {
+  IconHandle large = LoadOwnIcon(SM_CXICON, SM_CYICON, dpi_);
+  IconHandle small = LoadOwnIcon(SM_CXSMICON, SM_CYSMICON, dpi_);
+  SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large.Get()));
+  SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
+  largeIcon_ = std::move(large);
+  smallIcon_ = std::move(small);
+}
+
+void MainWindow::Show() {
+  ShowWindow(window_, stateToShow_ == WindowState::kMaximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
+  ReportKeysAndClock();
+}
+
+// ---- MainWindowView.
+
+std::unique_ptr<EditBox> MainWindow::CreateEditBox(EditBox::Events boxEvents) {
+  auto box = std::make_unique<RichEditBox>(editBoxes_, window_, static_cast<int>(ControlId::kText1),
+                                           dpi_, std::move(boxEvents));
+  const Rectangle& place = layout_.editBox;
+  MoveWindow(box->Window(), place.left, place.top, place.width, place.height, FALSE);
+  return box;
+}
+
+void MainWindow::InsertTab(int position, const std::u16string& caption) {
+  tabs_->Insert(position, caption);
+}
+
+void MainWindow::RemoveTab(int position) {
+  tabs_->Remove(position);
+}
+
+void MainWindow::SetTab(int position, const std::u16string& caption,
+                        const std::u16string& toolTip) {
+  tabs_->Set(position, caption, toolTip);
+}
+
+void MainWindow::SelectTab(int position) {
+  tabs_->Select(position);
+}
+
+void MainWindow::SetPanel(int panel, const std::u16string& text) {
+  status_->SetPanel(panel, text);
+}
+
+void MainWindow::SetPanelToolTip(int panel, const std::u16string& text) {
+  status_->SetPanelToolTip(panel, text);
+}
+
+void MainWindow::SetCommand(CommandId command, const CommandState& state) {
+  menu_.SetCommand(command, state);
+}
+
+void MainWindow::SetRecentFiles(const std::vector<std::u16string>& paths) {
+  menu_.SetRecentFiles(paths);
+}
+
+void MainWindow::PositionControls(int macroFrameWidth) {
+  macroFrameWidth_ = macroFrameWidth;
+  Arrange();
+}
+
+void MainWindow::Refresh() {
+  RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+WindowPlacement MainWindow::Placement() const {
+  const Rectangle place = NormalPlace(window_);
+  WindowPlacement placement{
+      .left = TwipsFromPixels(place.left, dpi_),
+      .top = TwipsFromPixels(place.top, dpi_),
+      .width = TwipsFromPixels(place.width, dpi_),
+      .height = TwipsFromPixels(place.height, dpi_),
+      .state = stateToShow_,
+  };
+  if (!IsWindowVisible(window_)) return placement;
+  placement.state = IsIconic(window_)   ? WindowState::kMinimised
+                    : IsZoomed(window_) ? WindowState::kMaximised
+                                        : WindowState::kNormal;
+  return placement;
+}
+
+void MainWindow::Place(const WindowPlacement& placement) {
+  stateToShow_ = placement.state;
+  if (placement.state == WindowState::kNormal) {
+    // The monitor it goes to decides how large a twip is.
+    const Rectangle guess = OntoAMonitor(PixelsOf(placement, dpi_));
+    const Rectangle place = OntoAMonitor(PixelsOf(placement, DpiAt(ToRect(guess))));
+    const ScopeValue placing(placing_, true);
+    SetWindowPos(window_, nullptr, place.left, place.top, place.width, place.height,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+  }
+  if (IsWindowVisible(window_)) Show();
+}
+
+std::pair<float, float> MainWindow::ScreenSize() const {
+  const RECT monitor = InfoOf(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST)).rcMonitor;
+  return {TwipsFromPixels(monitor.right - monitor.left, dpi_),
+          TwipsFromPixels(monitor.bottom - monitor.top, dpi_)};
+}
+
+void MainWindow::Close() {
+  PostMessageW(window_, WM_CLOSE, 0, 0);
+}
+
+// ---- Layout.
+
+std::vector<HWND> MainWindow::EditBoxes() const {
+  std::vector<HWND> boxes;
+  for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr;
+       child = GetWindow(child, GW_HWNDNEXT)) {
+    if (GetDlgCtrlID(child) == static_cast<int>(ControlId::kText1)) boxes.push_back(child);
+  }
+  return boxes;
+}
+
+void MainWindow::Arrange() {
+  // A minimised window has no room; what was laid out before comes back with it.
+  if (IsIconic(window_)) return;
+  status_->Arrange();
+  RECT client{};
+  GetClientRect(window_, &client);
+  layout_ = deck::PositionControls({.clientWidth = client.right,
+                                    .clientHeight = client.bottom,
+                                    .toolbarHeight = ToolbarHeight(),
+                                    .statusBarHeight = status_->Height(),
+                                    .macroFrameWidth = macroFrameWidth_,
+                                    .dpi = dpi_});
+  const std::vector<HWND> boxes = EditBoxes();
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(boxes.size()) + 2);
+  moves = Move(moves, macroPanel_->Handle(), layout_.macroFrame,
+               layout_.macroFrame.width > 0 ? SWP_SHOWWINDOW : SWP_HIDEWINDOW);
+  moves = Move(moves, tabs_->Handle(), layout_.tabStrip);
+  for (const HWND box : boxes) moves = Move(moves, box, layout_.editBox);
+  EndDeferWindowPos(moves);
+}
+
+}  // namespace deck

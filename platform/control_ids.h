@@ -14,6 +14,9 @@ enum class ControlId : int {
   kFrameMacros = 1005,
   kCombo1 = 1006,
   kList1 = 1007,
+
+  kInfoText = 1301,
+  kInfoCommand1 = 1302,
 };
 
 // Where and as what a control is found.
@@ -31,6 +34,8 @@ inline constexpr ControlRow kControls[] = {
     {ControlId::kFrameMacros, u"FrameMacros", u"Editor", u"FrameMacros"},
     {ControlId::kCombo1, u"Combo1", u"FrameMacros", u"ComboBox"},
     {ControlId::kList1, u"List1", u"FrameMacros", u"ListBox"},
+    {ControlId::kInfoText, u"InfoText", u"InfoWindow", u"RICHEDIT50W"},
+    {ControlId::kInfoCommand1, u"Command1", u"InfoWindow", u"Button"},
 };
 
 }  // namespace deck

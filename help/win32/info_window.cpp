@@ -1,0 +1,230 @@
+#include "help/win32/info_window.h"
+
+#include <commctrl.h>
+#include <richedit.h>
+
+#include <algorithm>
+#include <cstring>
+#include <utility>
+
+#include "documents/layout.h"
+#include "help/info_window_layout.h"
+#include "platform/control_ids.h"
+#include "platform/twips.h"
+#include "platform/win32/dpi.h"
+#include "platform/win32/fonts.h"
+#include "platform/win32/procedure_border.h"
+
+namespace deck {
+namespace {
+
+constexpr const wchar_t* kClassName = L"InfoWindow";
+// Pixels at 96 dpi.
+constexpr int kSmallestWidth = 240;
+constexpr int kSmallestHeight = 160;
+constexpr int kPageMargin = 10;
+
+void RegisterInfoClass(WNDPROC procedure) {
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  description.lpfnWndProc = procedure;
+  description.hInstance = GetModuleHandleW(nullptr);
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+  description.lpszClassName = kClassName;
+  RegisterClassExW(&description);  // fails harmlessly when it was done before
+}
+
+HWND CreateControl(const wchar_t* name, const wchar_t* text, DWORD style, HWND parent,
+                   ControlId id) {
+  return CreateWindowExW(0, name, text, WS_CHILD | WS_VISIBLE | WS_TABSTOP | style, 0, 0, 0, 0,
+                         parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                         GetModuleHandleW(nullptr), nullptr);
+}
+
+DWORD CALLBACK ReadPage(DWORD_PTR cookie, BYTE* buffer, LONG size, LONG* read) {
+  auto& rest = *reinterpret_cast<std::string_view*>(cookie);
+  const std::size_t taken = std::min(rest.size(), static_cast<std::size_t>(size));
+  std::memcpy(buffer, rest.data(), taken);
+  rest.remove_prefix(taken);
+  *read = static_cast<LONG>(taken);
+  return 0;
+}
+
+Rectangle WorkAreaNear(const RECT& place) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
+  const RECT& area = monitor.rcWork;
+  return {area.left, area.top, area.right - area.left, area.bottom - area.top};
+}
+
+}  // namespace
+
+void InfoWindow::Load(const InfoWindowPlace& place) {
+  RegisterInfoClass(Procedure);
+  const int dpi = DpiOf(owner_);
+  const auto pixels = [dpi](int twips) { return PixelsFromTwips(static_cast<float>(twips), dpi); };
+  const Rectangle wanted{pixels(place.left), pixels(place.top),
+                         std::max(pixels(place.width), ScaleToDpi(kSmallestWidth, dpi)),
+                         std::max(pixels(place.height), ScaleToDpi(kSmallestHeight, dpi))};
+  const RECT corner{wanted.left, wanted.top, wanted.right(), wanted.bottom()};
+  const Rectangle at = MovedInto(wanted, WorkAreaNear(corner));
+  window_ = CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, L"Deck Quick Help",
+                            WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, at.left, at.top, at.width,
+                            at.height, owner_, nullptr, GetModuleHandleW(nullptr), this);
+  loop_.AddDialog(window_);
+}
+
+void InfoWindow::Show() {
+  ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOWNORMAL);
+  SetForegroundWindow(window_);
+}
+
+void InfoWindow::ShowPage(std::string_view rtf) {
+  if (!rtf.starts_with("{\\rtf")) return;
+  EDITSTREAM stream{};
+  stream.dwCookie = reinterpret_cast<DWORD_PTR>(&rtf);
+  stream.pfnCallback = ReadPage;
+  SendMessageW(text_, EM_STREAMIN, SF_RTF, reinterpret_cast<LPARAM>(&stream));
+  SendMessageW(text_, EM_SETSEL, 0, 0);
+  SendMessageW(text_, EM_SCROLLCARET, 0, 0);
+}
+
+InfoWindowPlace InfoWindow::Place() const {
+  WINDOWPLACEMENT placement{};
+  placement.length = sizeof placement;
+  GetWindowPlacement(window_, &placement);
+  // The normal place is told in coordinates of the work area, which begins beside a task bar at
+  // the left or top.
+  RECT normal = placement.rcNormalPosition;
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &monitor);
+  OffsetRect(&normal, monitor.rcWork.left - monitor.rcMonitor.left,
+             monitor.rcWork.top - monitor.rcMonitor.top);
+  const int dpi = DpiOf(window_);
+  const auto twips = [dpi](LONG length) {
+    return static_cast<int>(TwipsFromPixels(static_cast<int>(length), dpi));
+  };
+  return {.top = twips(normal.top),
+          .left = twips(normal.left),
+          .height = twips(normal.bottom - normal.top),
+          .width = twips(normal.right - normal.left)};
+}
+
+void InfoWindow::Minimise() {
+  ShowWindow(window_, SW_MINIMIZE);
+}
+
+void InfoWindow::Unload() {
+  if (window_ == nullptr) return;
+  loop_.RemoveDialog(window_);
+  DestroyWindow(std::exchange(window_, nullptr));
+}
+
+void InfoWindow::CreateControls() {
+  text_ = CreateControl(MSFTEDIT_CLASS, L"", WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_NOHIDESEL,
+                        window_, ControlId::kInfoText);
+  SetWindowSubclass(text_, TextProcedure, 0, 0);
+  SendMessageW(text_, EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
+  ok_ = CreateControl(WC_BUTTONW, L"OK", BS_DEFPUSHBUTTON, window_, ControlId::kInfoCommand1);
+  SetFont();
+}
+
+void InfoWindow::SetFont() {
+  font_ = MakeFont(MessageFont(DpiOf(window_)));
+  SendMessageW(ok_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), TRUE);
+}
+
+void InfoWindow::LayOut() {
+  RECT client{};
+  GetClientRect(window_, &client);
+  const int dpi = DpiOf(window_);
+  const InfoWindowLayout layout = LayOutInfoWindow(client.right, client.bottom, dpi);
+  const auto move = [](HWND control, const Rectangle& place) {
+    MoveWindow(control, place.left, place.top, place.width, place.height, TRUE);
+  };
+  move(text_, layout.text);
+  move(ok_, layout.ok);
+  const int margin = ScaleToDpi(kPageMargin, dpi);
+  RECT page{margin, margin, layout.text.width - margin, layout.text.height};
+  SendMessageW(text_, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&page));
+}
+
+void InfoWindow::OnDpiChanged(const RECT& suggested) {
+  SetFont();
+  SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void InfoWindow::OnHover(HWND control) {
+  if (control == ok_ && events.overOk) events.overOk();
+  if (control == text_ && events.overText) events.overText();
+}
+
+LRESULT InfoWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_CREATE:
+      CreateControls();
+      return 0;
+    case WM_SIZE:
+      if (wParam != SIZE_MINIMIZED) LayOut();
+      return 0;
+    case WM_GETMINMAXINFO: {
+      const int dpi = DpiOf(owner_);
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {ScaleToDpi(kSmallestWidth, dpi),
+                                                               ScaleToDpi(kSmallestHeight, dpi)};
+      return 0;
+    }
+    case WM_DPICHANGED:
+      OnDpiChanged(*reinterpret_cast<const RECT*>(lParam));
+      return 0;
+    case WM_SETCURSOR:
+      OnHover(reinterpret_cast<HWND>(wParam));
+      break;
+    case WM_ACTIVATE:
+      if (LOWORD(wParam) != WA_INACTIVE) SetFocus(text_);
+      return 0;
+    case DM_GETDEFID:
+      return MAKELRESULT(static_cast<WORD>(ControlId::kInfoCommand1), DC_HASDEFID);
+    case WM_COMMAND:
+      if (LOWORD(wParam) != static_cast<WORD>(ControlId::kInfoCommand1) &&
+          LOWORD(wParam) != IDCANCEL) {
+        break;
+      }
+      [[fallthrough]];
+    case WM_CLOSE:
+      // The window may be gone when this returns.
+      if (events.closeWanted) events.closeWanted();
+      return 0;
+    default:
+      break;
+  }
+  return DefWindowProcW(window_, message, wParam, lParam);
+}
+
+LRESULT CALLBACK InfoWindow::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    auto* self = static_cast<InfoWindow*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+    self->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+    ScaleFrameWithDpi(window);
+  }
+  auto* self = reinterpret_cast<InfoWindow*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  // Unload forgets the window before it is destroyed: nothing that happens then is reported.
+  if (self == nullptr || self->window_ != window) {
+    return DefWindowProcW(window, message, wParam, lParam);
+  }
+  return InProcedure([&] { return self->Handle(message, wParam, lParam); });
+}
+
+// The text only scrolls: Tab, Return and Escape belong to the window.
+LRESULT CALLBACK InfoWindow::TextProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                           UINT_PTR id, DWORD_PTR) {
+  if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, TextProcedure, id);
+  return DefSubclassProc(window, message, wParam, lParam);
+}
+
+}  // namespace deck

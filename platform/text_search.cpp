@@ -1,9 +1,6 @@
 #include "platform/text_search.h"
 
 #include <algorithm>
-#include <array>
-#include <string>
-#include <vector>
 
 #include "platform/strings.h"
 
@@ -41,33 +38,32 @@ bool StandsAlone(std::u16string_view text, std::size_t start, std::size_t end) {
          (end == text.size() || !IsWordCharacter(text[end]));
 }
 
+// The characters that are the same as one when compared; repeated where there are fewer.
+using Forms = std::array<char16_t, 3>;
+
 struct ExactCase {
   char16_t operator()(char16_t character) const { return character; }
+
+  static Forms FormsOf(char16_t character) { return {character, character, character}; }
+  static std::size_t FindAny(std::u16string_view text, const Forms& forms, std::size_t i) {
+    return std::min(text.find(forms[0], i), text.size());
+  }
 };
 
 struct AnyCase {
   char16_t operator()(char16_t character) const { return FoldCase(character); }
+
+  static Forms FormsOf(char16_t folded) {
+    constexpr char16_t kSmallFinalSigma = 0x03C2;
+    const bool isSigma = FoldCase(kSmallFinalSigma) == folded;
+    return {folded, ToUpper(folded), isSigma ? kSmallFinalSigma : folded};
+  }
+  static std::size_t FindAny(std::u16string_view text, const Forms& forms, std::size_t i) {
+    const auto [a, b, c] = forms;
+    while (i < text.size() && text[i] != a && text[i] != b && text[i] != c) ++i;
+    return i;
+  }
 };
-
-// The characters that are the same as one when compared; repeated where there are fewer.
-using Forms = std::array<char16_t, 3>;
-
-Forms FormsOf(char16_t character, ExactCase) {
-  return {character, character, character};
-}
-
-Forms FormsOf(char16_t folded, AnyCase) {
-  constexpr char16_t kSmallFinalSigma = 0x03C2;
-  const bool isSigma = FoldCase(kSmallFinalSigma) == folded;
-  return {folded, ToUpper(folded), isSigma ? kSmallFinalSigma : folded};
-}
-
-std::size_t FindAnyOf(std::u16string_view text, const Forms& forms, std::size_t i,
-                      std::size_t end) {
-  const auto [a, b, c] = forms;
-  while (i < end && text[i] != a && text[i] != b && text[i] != c) ++i;
-  return i;
-}
 
 // For each prefix of the pattern the length of the longest shorter prefix that also ends it: what
 // is still matched when the next character does not fit.
@@ -82,41 +78,58 @@ std::vector<std::size_t> FallBacks(std::u16string_view pattern) {
   return fallBacks;
 }
 
-// Knuth, Morris and Pratt's search: each character of the text is passed once, whatever the
-// pattern, and the stretches where nothing is matched are a loop of a few instructions.
-template <class Case>
-int Find(std::u16string_view text, std::u16string pattern, std::size_t start, std::size_t end,
-         bool wholeWord, Case asCompared) {
-  for (char16_t& character : pattern) character = asCompared(character);
-  const std::vector<std::size_t> fallBacks = FallBacks(pattern);
-  const Forms first = FormsOf(pattern[0], asCompared);
-  std::size_t matched = 0;
-  std::size_t i = start;
-  while (true) {
-    if (matched == 0) i = FindAnyOf(text, first, i, end);
-    if (i >= end) return -1;
-    const char16_t character = asCompared(text[i]);
-    while (matched > 0 && pattern[matched] != character) matched = fallBacks[matched];
-    if (pattern[matched] == character) ++matched;
-    ++i;
-    if (matched < pattern.size()) continue;
-    if (!wholeWord || StandsAlone(text, i - matched, i)) return static_cast<int>(i - matched);
-    matched = fallBacks[matched];
+}  // namespace
+
+TextSearch::TextSearch(std::u16string_view pattern, int options)
+    : pattern_(pattern),
+      matchCase_((options & kFindMatchCase) != 0),
+      wholeWord_((options & kFindWholeWord) != 0) {
+  if (pattern.empty()) return;
+  if (matchCase_) {
+    Prepare(ExactCase());
+  } else {
+    Prepare(AnyCase());
   }
 }
 
-}  // namespace
+template <class Case>
+void TextSearch::Prepare(Case asCompared) {
+  for (char16_t& character : pattern_) character = asCompared(character);
+  firstForms_ = Case::FormsOf(pattern_[0]);
+  fallBacks_ = FallBacks(pattern_);
+}
+
+int TextSearch::Find(std::u16string_view text, int start, int end) const {
+  const std::size_t from = static_cast<std::size_t>(std::max(start, 0));
+  const std::size_t to = std::min(static_cast<std::size_t>(std::max(end, 0)), text.size());
+  if (pattern_.empty() || from > to || to - from < pattern_.size()) return -1;
+  return matchCase_ ? Find(text, from, to, ExactCase()) : Find(text, from, to, AnyCase());
+}
+
+// Knuth, Morris and Pratt's search: each character of the text is passed once, whatever the
+// pattern, and the stretches where nothing is matched are a loop of a few instructions.
+template <class Case>
+int TextSearch::Find(std::u16string_view text, std::size_t start, std::size_t end,
+                     Case asCompared) const {
+  const std::u16string_view searched = text.substr(0, end);
+  std::size_t matched = 0;
+  std::size_t i = start;
+  while (true) {
+    if (matched == 0) i = Case::FindAny(searched, firstForms_, i);
+    if (i >= end) return -1;
+    const char16_t character = asCompared(text[i]);
+    while (matched > 0 && pattern_[matched] != character) matched = fallBacks_[matched];
+    if (pattern_[matched] == character) ++matched;
+    ++i;
+    if (matched < pattern_.size()) continue;
+    if (!wholeWord_ || StandsAlone(text, i - matched, i)) return static_cast<int>(i - matched);
+    matched = fallBacks_[matched];
+  }
+}
 
 int FindInText(std::u16string_view text, std::u16string_view pattern, int start, int end,
                int options) {
-  const std::size_t from = static_cast<std::size_t>(std::max(start, 0));
-  const std::size_t to = std::min(static_cast<std::size_t>(std::max(end, 0)), text.size());
-  if (pattern.empty() || from > to || to - from < pattern.size()) return -1;
-  const bool wholeWord = (options & kFindWholeWord) != 0;
-  std::u16string wanted(pattern);
-  return (options & kFindMatchCase) != 0
-             ? Find(text, std::move(wanted), from, to, wholeWord, ExactCase())
-             : Find(text, std::move(wanted), from, to, wholeWord, AnyCase());
+  return TextSearch(pattern, options).Find(text, start, end);
 }
 
 }  // namespace deck

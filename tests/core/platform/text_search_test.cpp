@@ -127,6 +127,15 @@ TEST(FindInText, AgreesWithASearchAtEveryPosition) {
   EXPECT_GT(found, 2'000);
 }
 
+TEST(TextSearch, FindsTheSameInEveryTextThatItIsGiven) {
+  const TextSearch search(u"useΣ", kFindWholeWord);
+  for (int round = 0; round < 2; ++round) {
+    EXPECT_EQ(search.Find(u"reuseς USEσ useς", 0, kAll), 7);
+    EXPECT_EQ(search.Find(u"reuseς USEσ useς", 8, kAll), 12);
+    EXPECT_EQ(search.Find(u"", 0, kAll), -1);
+  }
+}
+
 // A search that starts again behind every first character would compare 10^10 characters here.
 TEST(FindInText, TakesTimeInProportionToTheTextForPatternsThatAlmostFit) {
   const std::u16string text(1'000'000, u'a');

@@ -39,7 +39,9 @@ Editor::Editor(const EditorPorts& ports)
                 {ports.files, ports.prompts}),
       modeSwitch_(hotasIni_, wait_, status_, settings_,
                   {ports.files, ports.programs, ports.events}),
-      help_(settings_, helpFile_, {ports.files, ports.prompts, ports.programs, ports.help}) {
+      help_(settings_, helpFile_, {ports.files, ports.prompts, ports.programs, ports.help}),
+      quickHelp_(status_, settings_, {ports.files, ports.profiles, ports.infoWindow}),
+      print_(documents_, status_, ports.prompts, ports.printer) {
   JoinFeatures();
   FillHandlers();
 }
@@ -72,6 +74,7 @@ void Editor::JoinFileCommands() {
 void Editor::JoinCompiler() {
   wait_.closing = [this] { return closing_; };
   compile_.links.saveCurrentDocument = [this] { files_.FileSave(); };
+  compile_.links.minimiseQuickHelp = [this] { quickHelp_.Minimise(); };
   download_.enableAfterDownload = [this] { return ticks_.enableAfterDownload; };
   runApps_.ignoreRunApp = [this] { return ticks_.ignoreRunApp; };
 }
@@ -152,6 +155,7 @@ void Editor::Unload() {
   // Where the settings cannot be written they do not persist.
   static_cast<void>(SaveEditorPosition(
       ports_.profiles, settings_, {ticks_, ports_.window.Placement()}, ports_.window.ScreenSize()));
+  quickHelp_.Close();
   if (!helpFile_.UseHlpFile) ports_.help.CloseAll();
 }
 
@@ -165,6 +169,8 @@ void Editor::FillHandlers() {
       {CommandId::kFileSaveAs, [this] { files_.FileSaveAs(); }},
       {CommandId::kFileSaveAll, [this] { files_.FileSaveAll(); }},
       {CommandId::kFileClose, [this] { files_.FileClose(); }},
+      {CommandId::kPrint, [this] { print_.mnuPrint(); }},
+      {CommandId::kPrinterSetup, [this] { print_.mnuPrinterSetup(); }},
       {CommandId::kClearRecentFiles, [this] { recentFiles_.Clear(); }},
       {CommandId::kExit, [this] { ports_.window.Close(); }},
       {CommandId::kViewMacros, [this] { macros_.ToggleViewMacros(); }},
@@ -186,6 +192,9 @@ void Editor::FillHandlers() {
       {CommandId::kAppStarter, [this] { help_.mnuAppsArray(1); }},
       {CommandId::kAppControlPanel, [this] { help_.mnuAppsArray(2); }},
       {CommandId::kHelpTopics, [this] { help_.mnuHelpTopics(); }},
+      {CommandId::kHelpSyntax, [this] { ShowInfoPage(0); }},
+      {CommandId::kHelpSlashModifiers, [this] { ShowInfoPage(1); }},
+      {CommandId::kHelpErrorCodes, [this] { ShowInfoPage(2); }},
       {CommandId::kHelpVersion, [this] { help_.mnuHelpVersion(); }},
       {CommandId::kNextTab, [this] { documents_.SelectNext(); }},
       {CommandId::kPreviousTab, [this] { documents_.SelectPrevious(); }},
@@ -234,6 +243,10 @@ void Editor::OpenRecentFile(std::size_t index) {
                        u"Can't find file", BoxStyle::kExclamation});
 }
 
+void Editor::ShowInfoPage(int index) {
+  quickHelp_.ShowInfoPage(index, ports_.window.ScreenSize());
+}
+
 // ---- Events of the window.
 
 void Editor::OnTabClicked(int position) {
@@ -273,6 +286,10 @@ void Editor::OnTimer(TimerId timer) {
       ports_.events.StopTimer(TimerId::kTimer1);
       break;
   }
+}
+
+void Editor::OnMinimised() {
+  quickHelp_.Minimise();
 }
 
 void Editor::OnFocus() {

@@ -20,9 +20,12 @@
 #include "compiler/run_apps.h"
 #include "documents/document_set.h"
 #include "documents/file_commands.h"
+#include "documents/print_command.h"
 #include "documents/status_bar.h"
 #include "help/help_commands.h"
 #include "help/help_file.h"
+#include "help/info_window_view.h"
+#include "help/quick_help.h"
 #include "macros/macro_panel.h"
 #include "platform/code_page.h"
 #include "platform/event_loop.h"
@@ -32,6 +35,7 @@
 #include "platform/keyboard.h"
 #include "platform/macro_panel_view.h"
 #include "platform/main_window_view.h"
+#include "platform/printer.h"
 #include "platform/profile_files.h"
 #include "platform/programs.h"
 #include "platform/prompts.h"
@@ -52,6 +56,8 @@ struct EditorPorts {
   const CodePage& codePage;
   const SystemInfo& system;
   HelpSystem& help;
+  InfoWindowView& infoWindow;
+  Printer& printer;
 };
 
 class Editor {
@@ -64,6 +70,8 @@ class Editor {
   [[nodiscard]] bool Load(const std::u16string& applicationFolder, std::u16string_view commandLine);
   // Any close: asks for every modified document. False keeps the window open.
   [[nodiscard]] bool QueryUnload();
+  // The close that QueryUnload allowed does not happen after all: Windows goes on running.
+  void StayOpen() { closing_ = false; }
   // After QueryUnload: settings are written and the other windows closed.
   void Unload();
 
@@ -78,6 +86,7 @@ class Editor {
   void OnFilesDropped(const std::vector<std::u16string>& paths);
   void OnMenuOpening(Menu menu);
   void OnTimer(TimerId timer);
+  void OnMinimised();
   // The window got the focus: the text has it from there.
   void OnFocus();
   // The panels that the status bar keeps by itself; `clock` is the time as the user's locale
@@ -85,6 +94,7 @@ class Editor {
   void OnKeysAndClock(const std::u16string& clock);
 
   DocumentSet& Documents() { return documents_; }
+  QuickHelp& InfoPages() { return quickHelp_; }
   MacroPanel& Macros() { return macros_; }
   const Settings& settings() const { return settings_; }
   const HelpFile& Help() const { return helpFile_; }
@@ -102,6 +112,7 @@ class Editor {
   void ShowTick(CommandId command, bool ticked);
   void ToggleIndentWhenAligning();
   void OpenRecentFile(std::size_t index);
+  void ShowInfoPage(int index);
 
   EditorPorts ports_;
   Settings settings_;
@@ -121,6 +132,8 @@ class Editor {
   ControllerModeSwitch modeSwitch_;
   HelpFile helpFile_;
   HelpCommands help_;
+  QuickHelp quickHelp_;
+  PrintCommand print_;
   std::map<CommandId, std::function<void()>> handlers_;
 
   bool closing_ = false;

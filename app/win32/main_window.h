@@ -45,6 +45,7 @@ class MainWindow : public MainWindowView {
     std::function<void(bool minimised)> minimised;
     std::function<bool()> queryUnload;  // may the window close?
     std::function<void()> unload;       // it closes now
+    std::function<void()> stayOpen;     // Windows does not shut down after all
   };
 
   // Makes the window, hidden. The thread needs OLE and the common controls.

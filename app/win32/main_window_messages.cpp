@@ -10,6 +10,7 @@
 
 #include "platform/twips.h"
 #include "platform/win32/dpi.h"
+#include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/wide_text.h"
 
@@ -114,7 +115,11 @@ std::optional<LRESULT> MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lP
     case WM_QUERYENDSESSION:
       return OnQueryEndSession();
     case WM_ENDSESSION:
-      if (wParam != 0) End();
+      if (wParam != 0) {
+        End();
+      } else {
+        Report(events.stayOpen);
+      }
       return 0;
     default:
       return std::nullopt;
@@ -170,6 +175,7 @@ void MainWindow::OnFilesDropped(const std::vector<std::u16string>& paths) {
 
 void MainWindow::OnTimer(WPARAM timer) {
   if (timer == kHousekeepingTimer) {
+    NotePointer();
     ReportKeysAndClock();
   } else {
     Report(events.timer, static_cast<TimerId>(timer));

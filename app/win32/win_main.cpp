@@ -10,6 +10,7 @@
 
 #include "app/editor.h"
 #include "app/win32/main_window.h"
+#include "help/win32/info_window.h"
 #include "platform/strings.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/wide_text.h"
@@ -19,6 +20,7 @@
 #include "platform/win32/win32_files.h"
 #include "platform/win32/win32_help_system.h"
 #include "platform/win32/win32_keyboard.h"
+#include "platform/win32/win32_printer.h"
 #include "platform/win32/win32_profile_files.h"
 #include "platform/win32/win32_programs.h"
 #include "platform/win32/win32_prompts.h"
@@ -100,6 +102,10 @@ class Connection {
     events.keysAndClock = [&editor](const std::u16string& clock) { editor.OnKeysAndClock(clock); };
     events.queryUnload = [&editor] { return editor.QueryUnload(); };
     events.unload = [&editor] { editor.Unload(); };
+    events.stayOpen = [&editor] { editor.StayOpen(); };
+    events.minimised = [&editor](bool minimised) {
+      if (minimised) editor.OnMinimised();
+    };
   }
 
   void ConnectMacroPanel(MacroPanel& panel) {
@@ -117,7 +123,7 @@ class Connection {
   MainWindow& window_;
 };
 
-int RunEditor(const std::u16string& commandLine) {
+int RunEditor() {
   MainWindow window;
   // Boxes of the start stand alone: nobody has seen the window yet.
   const auto owner = [&window]() -> HWND {
@@ -138,10 +144,18 @@ int RunEditor(const std::u16string& commandLine) {
   loop.AddFilter([&window](MSG& message) { return window.Watch(message); });
   loop.AddFilter([&help](MSG& message) { return help.Translate(message); });
 
+  InfoWindow infoWindow(window.Handle(), loop);
+  Win32Printer printer(owner);
+
   Editor editor({window, window.MacroPanel(), files, profiles, dialogs, prompts, programs,
-                 eventLoop, keyboard, codePage, system, help});
+                 eventLoop, keyboard, codePage, system, help, infoWindow, printer});
+  infoWindow.events = {
+      .closeWanted = [&editor] { editor.InfoPages().Close(); },
+      .overOk = [&editor] { editor.InfoPages().OnHoverOk(); },
+      .overText = [&editor] { editor.InfoPages().OnHoverText(); },
+  };
   const Connection connection(window, editor);
-  if (!editor.Load(ApplicationFolder(), commandLine)) return 1;
+  if (!editor.Load(ApplicationFolder(), FromWide(GetCommandLineW()))) return 1;
   window.Show();
   return loop.Run();
 }
@@ -149,9 +163,9 @@ int RunEditor(const std::u16string& commandLine) {
 }  // namespace
 }  // namespace deck
 
-int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t* commandLine, int) {
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
   deck::NarrowLibrarySearch();
   const deck::Ole ole;
   deck::PrepareControls();
-  return deck::RunEditor(deck::FromWide(commandLine));
+  return deck::RunEditor();
 }

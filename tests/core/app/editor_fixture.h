@@ -15,9 +15,11 @@
 #include "tests/fakes/fake_file_dialogs.h"
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_help_system.h"
+#include "tests/fakes/fake_info_window_view.h"
 #include "tests/fakes/fake_keyboard.h"
 #include "tests/fakes/fake_macro_panel_view.h"
 #include "tests/fakes/fake_main_window_view.h"
+#include "tests/fakes/fake_printer.h"
 #include "tests/fakes/fake_profile_files.h"
 #include "tests/fakes/fake_programs.h"
 #include "tests/fakes/fake_prompts.h"
@@ -87,8 +89,11 @@ class EditorFixture : public testing::Test {
   FakeCodePage codePage;
   FakeSystemInfo system;
   FakeHelpSystem help;
-  Editor editor{{view, panel, files, profiles, dialogs, prompts, programs, events, keyboard,
-                 codePage, system, help}};
+  FakeInfoWindowView infoWindow;
+  FakePrinter printer;
+  EditorPorts ports{view,   panel,    files,    profiles, dialogs, prompts,    programs,
+                    events, keyboard, codePage, system,   help,    infoWindow, printer};
+  Editor editor{ports};
 };
 
 }  // namespace deck

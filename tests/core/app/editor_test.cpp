@@ -131,7 +131,7 @@ TEST_F(StartTest, IgnoresACommandLineThatNamesNoFile) {
     FakeMainWindowView otherView;
     otherView.makeEditBox = view.makeEditBox;
     Editor other{{otherView, panel, files, profiles, dialogs, prompts, programs, events, keyboard,
-                  codePage, system, help}};
+                  codePage, system, help, infoWindow, printer}};
     ASSERT_TRUE(other.Load(kHostFolder, line));
     EXPECT_EQ(otherView.Captions(), Captions{u"Untitled"});
   }
@@ -243,6 +243,28 @@ TEST_F(CloseTest, DoesNotAskAboutAnyOtherFlag) {
   Start();
   editor.Documents()[0].modifiedFlag = 2;
   EXPECT_TRUE(editor.QueryUnload());
+}
+
+TEST_F(CloseTest, ClosesTheQuickHelpAfterTheSettingsAreWritten) {
+  Start();
+  editor.Execute(CommandId::kHelpSyntax);
+  ASSERT_TRUE(editor.QueryUnload());
+  editor.Unload();
+  EXPECT_FALSE(infoWindow.loaded);
+  ASSERT_GE(profiles.writes.size(), 2u);
+  EXPECT_EQ(profiles.writes.front().section, u"Miscellaneous");
+  EXPECT_EQ(profiles.writes.back().section, u"Online Help");
+}
+
+TEST_F(CloseTest, AShutdownThatIsCalledOffLeavesTheProgramAsItWas) {
+  files.AddFile(u"C:\\a.tmj", "BTN S1 X");
+  Start();
+  Open(u"C:\\a.tmj");
+  ASSERT_TRUE(editor.QueryUnload());
+  editor.StayOpen();
+  CompilerReports(u"OK", 0, 3, u"");
+  editor.Execute(CommandId::kCompile);
+  EXPECT_EQ(prompts.shown.back().title, u"Compile results");
 }
 
 TEST_F(CloseTest, ExitClosesTheWindow) {
@@ -383,6 +405,50 @@ TEST_F(CommandTest, TheTimerAfterASaveTicksOnce) {
   EXPECT_FALSE(events.IsRunning(TimerId::kTimer1));
 }
 
+TEST_F(CommandTest, ShowsTheQuickHelpPages) {
+  files.AddFile(u"C:\\Host\\Info\\Syntax.rtf", "{\\rtf1 a}");
+  files.AddFile(u"C:\\Host\\Info\\Slash modifiers.rtf", "{\\rtf1 b}");
+  files.AddFile(u"C:\\Host\\Info\\Error codes.rtf", "{\\rtf1 c}");
+  Start();
+  for (const auto& [id, page] : {std::pair{CommandId::kHelpSyntax, "{\\rtf1 a}"},
+                                 {CommandId::kHelpSlashModifiers, "{\\rtf1 b}"},
+                                 {CommandId::kHelpErrorCodes, "{\\rtf1 c}"}}) {
+    editor.Execute(id);
+    EXPECT_EQ(infoWindow.page, page);
+  }
+  editor.OnMinimised();
+  EXPECT_TRUE(infoWindow.minimised);
+}
+
+TEST_F(CommandTest, PrintsAndSetsThePrinterUp) {
+  Start();
+  editor.Execute(CommandId::kPrint);
+  EXPECT_EQ(printer.finished.size(), 1u);
+  editor.Execute(CommandId::kPrinterSetup);
+  EXPECT_EQ(printer.setups, 1);
+}
+
+TEST_F(CommandTest, StartsTheHostsApps) {
+  files.AddFile(u"C:\\Host\\Starter.exe", "");
+  files.AddFile(u"C:\\Host\\HOTASConfig.exe", "");
+  Start();
+  editor.Execute(CommandId::kAppWren);
+  editor.Execute(CommandId::kAppStarter);
+  editor.Execute(CommandId::kAppControlPanel);
+  ASSERT_EQ(programs.started.size(), 3u);
+  EXPECT_EQ(programs.started[0].commandLine, u"C:\\Host\\Wren.exe");
+  EXPECT_EQ(programs.started[1].commandLine, u"C:\\Host\\Starter.exe");
+  EXPECT_EQ(programs.started[2].commandLine, u"C:\\Host\\HOTASConfig.exe");
+}
+
+TEST_F(CommandTest, ShowsHelpTopicsAndVersion) {
+  Start();
+  editor.Execute(CommandId::kHelpTopics);
+  EXPECT_EQ(help.topics.size(), 1u);
+  editor.Execute(CommandId::kHelpVersion);
+  EXPECT_EQ(prompts.shown.back().title, u"Version information");
+}
+
 TEST_F(CommandTest, GivesTheFocusToTheText) {
   Start();
   editor.OnFocus();
@@ -412,8 +478,10 @@ TEST_F(MainJobTest, OpensInsertsSavesCompilesAndLandsOnTheErrorLine) {
   EXPECT_EQ(Box().Text(), u"USE MDEF f16\nBTN S1 GUN\nBTN S2 DROP \n");
   EXPECT_EQ(Panel(3), u"Modified");
 
+  editor.Execute(CommandId::kHelpSyntax);
   CompilerReports(u"ERROR", 2, 0, u"Error 2002: something");
   editor.Execute(CommandId::kCompile);
+  EXPECT_TRUE(infoWindow.minimised);
   EXPECT_EQ(files.Content(u"C:\\Host\\Files\\f16.tmj"),
             "USE MDEF f16\r\nBTN S1 GUN\r\nBTN S2 DROP \r\n");
   ASSERT_EQ(programs.started.size(), 1u);

@@ -137,11 +137,13 @@ Result<void> FakeFiles::Create(const std::u16string& path, std::string_view byte
 }
 
 bool FakeFiles::Delete(const std::u16string& path) {
-  if (path.empty() || Injected(FileOperation::kDelete, path)) return false;
+  const std::u16string absolute = Absolute(path);
+  if (absolute.empty() || HasBadCharacter(absolute) || Injected(FileOperation::kDelete, path))
+    return false;
   const Node* node = Find(path);
   if (!node) return true;
   if (node->attributes.folder || node->attributes.readOnly) return false;
-  nodes_.erase(KeyOf(Absolute(path)));
+  nodes_.erase(KeyOf(absolute));
   return true;
 }
 

@@ -1,0 +1,157 @@
+#include <utility>
+
+#include "tests/contract/worlds.h"
+#include "tests/fakes/fake_code_page.h"
+#include "tests/fakes/fake_event_loop.h"
+#include "tests/fakes/fake_file_dialogs.h"
+#include "tests/fakes/fake_files.h"
+#include "tests/fakes/fake_keyboard.h"
+#include "tests/fakes/fake_profile_files.h"
+#include "tests/fakes/fake_programs.h"
+#include "tests/fakes/fake_prompts.h"
+
+namespace deck {
+namespace {
+
+constexpr char16_t kFolder[] = u"C:\\Temp\\deck test";
+
+class FakeFilesWorld : public FilesWorld {
+ public:
+  FakeFilesWorld() { files_.AddFolder(kFolder); }
+
+  Files& Port() override { return files_; }
+  std::u16string Folder() const override { return kFolder; }
+  void SetReadOnly(const std::u16string& path, bool readOnly) override {
+    files_.SetReadOnly(path, readOnly);
+  }
+  int CountFiles() const override { return static_cast<int>(files_.AllFiles().size()); }
+
+ private:
+  FakeFiles files_;
+};
+
+class FakeProfileWorld : public ProfileWorld {
+ public:
+  ProfileFiles& Port() override { return profiles_; }
+  std::u16string Path() const override { return u"C:\\Temp\\test.ini"; }
+  std::u16string UnwritablePath() override {
+    profiles_.writable = false;
+    return u"C:\\Temp\\missing\\test.ini";
+  }
+  void SetContent(const std::u16string& text) override { profiles_.SetText(Path(), text); }
+  std::u16string Content() const override { return profiles_.Text(Path()); }
+
+ private:
+  FakeProfileFiles profiles_;
+};
+
+class FakeProgramsWorld : public ProgramsWorld {
+ public:
+  FakeProgramsWorld() { files_.AddFolder(kFolder); }
+
+  Programs& Port() override { return programs_; }
+  Files& FilesPort() override { return files_; }
+  std::u16string Folder() const override { return kFolder; }
+  std::u16string ReportingCommand(const std::u16string& argument) const override {
+    return kProgram + argument;
+  }
+  std::optional<Report> WaitForReport() override {
+    if (programs_.started.empty()) return std::nullopt;
+    const FakePrograms::Started& last = programs_.started.back();
+    return Report{last.commandLine.substr(kProgram.size()), last.currentFolder,
+                  static_cast<int>(last.window)};
+  }
+  std::u16string ImpossibleCommand() override {
+    programs_.refuses = true;
+    return u"C:\\missing.exe";
+  }
+
+ private:
+  const std::u16string kProgram = u"C:\\report.exe ";
+  FakeFiles files_;
+  FakePrograms programs_{files_};
+};
+
+class FakeEventLoopWorld : public EventLoopWorld {
+ public:
+  EventLoop& Port() override { return events_; }
+  void OnTimer(std::function<void(TimerId)> tick) override { events_.onTimer = std::move(tick); }
+  void Post(std::function<void()> action) override { events_.actions.push_back(std::move(action)); }
+  void Wait(int milliseconds) override { events_.now += milliseconds; }
+  int Now() const override { return events_.now; }
+
+ private:
+  FakeEventLoop events_;
+};
+
+class FakeKeyboardWorld : public KeyboardWorld {
+ public:
+  Keyboard& Port() override { return keyboard_; }
+  void Switch(ToggleKey key, bool on) override {
+    if (on) {
+      keyboard_.on.insert(key);
+    } else {
+      keyboard_.on.erase(key);
+    }
+  }
+
+ private:
+  FakeKeyboard keyboard_;
+};
+
+class FakePromptsWorld : public PromptsWorld {
+ public:
+  Prompts& Port() override { return prompts_; }
+  void WillAnswer(Answer answer) override { prompts_.answers = {answer}; }
+  std::u16string SeenText() const override { return prompts_.shown.back().text; }
+  std::u16string SeenTitle() const override { return prompts_.shown.back().title; }
+
+ private:
+  FakePrompts prompts_;
+};
+
+class FakeFileDialogsWorld : public FileDialogsWorld {
+ public:
+  FileDialogs& Port() override { return dialogs_; }
+  std::u16string Folder() const override { return kFolder; }
+  void WillChoose(const std::vector<std::u16string>& names) override {
+    dialogs_.openResults = {FakeFileDialogs::Selection(kFolder, names)};
+    dialogs_.saveResults = {SaveChoice{FakeFileDialogs::Selection(kFolder, names), 2}};
+  }
+  void WillCancel() override {
+    dialogs_.openResults = {std::nullopt};
+    dialogs_.saveResults = {std::nullopt};
+  }
+
+ private:
+  FakeFileDialogs dialogs_;
+};
+
+}  // namespace
+
+std::unique_ptr<CodePage> MakeWesternCodePage() {
+  return std::make_unique<FakeCodePage>();
+}
+std::unique_ptr<FilesWorld> MakeFilesWorld() {
+  return std::make_unique<FakeFilesWorld>();
+}
+std::unique_ptr<ProfileWorld> MakeProfileWorld() {
+  return std::make_unique<FakeProfileWorld>();
+}
+std::unique_ptr<ProgramsWorld> MakeProgramsWorld() {
+  return std::make_unique<FakeProgramsWorld>();
+}
+std::unique_ptr<EventLoopWorld> MakeEventLoopWorld() {
+  return std::make_unique<FakeEventLoopWorld>();
+}
+std::unique_ptr<KeyboardWorld> MakeKeyboardWorld() {
+  return std::make_unique<FakeKeyboardWorld>();
+}
+std::unique_ptr<PromptsWorld> MakePromptsWorld() {
+  return std::make_unique<FakePromptsWorld>();
+}
+std::unique_ptr<FileDialogsWorld> MakeFileDialogsWorld() {
+  return std::make_unique<FakeFileDialogsWorld>();
+}
+
+}  // namespace deck

@@ -1,0 +1,58 @@
+#include "tests/contract/win32/box_driver.h"
+
+#include <array>
+#include <string_view>
+#include <utility>
+
+#include "platform/win32/wide_text.h"
+
+namespace deck {
+namespace {
+
+constexpr UINT kLookEvery = 30;  // milliseconds
+
+BOOL CALLBACK TakeIfOpenBox(HWND window, LPARAM found) {
+  std::array<wchar_t, 32> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  if (std::wstring_view(name.data()) != L"#32770" || !IsWindowVisible(window)) return TRUE;
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+HWND FindOpenBox() {
+  HWND found = nullptr;
+  EnumThreadWindows(GetCurrentThreadId(), TakeIfOpenBox, reinterpret_cast<LPARAM>(&found));
+  return found;
+}
+
+}  // namespace
+
+BoxDriver* BoxDriver::current_ = nullptr;
+
+BoxDriver::BoxDriver() {
+  current_ = this;
+  timer_ = SetTimer(nullptr, 0, kLookEvery, OnTick);
+}
+
+BoxDriver::~BoxDriver() {
+  KillTimer(nullptr, timer_);
+  current_ = nullptr;
+}
+
+void BoxDriver::WhenOpen(std::function<void(HWND box)> action) {
+  action_ = std::move(action);
+}
+
+void CALLBACK BoxDriver::OnTick(HWND, UINT, UINT_PTR, DWORD) {
+  if (current_ == nullptr || !current_->action_) return;
+  if (const HWND box = FindOpenBox()) std::exchange(current_->action_, nullptr)(box);
+}
+
+std::u16string TextOf(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(
+      static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return FromWide(text);
+}
+
+}  // namespace deck

@@ -1,0 +1,137 @@
+#include "platform/win32/message_loop.h"
+
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+#include "platform/win32/handles.h"
+
+namespace deck {
+namespace {
+
+constexpr WORD kShortcut = 77;
+
+// A window with a field in it, and beside it a dialog with two fields.
+class MessageLoopTest : public testing::Test {
+ protected:
+  MessageLoopTest() {
+    WNDCLASSW description{};
+    description.lpfnWndProc = Procedure;
+    description.hInstance = GetModuleHandleW(nullptr);
+    description.lpszClassName = L"DeckMessageLoopTest";
+    RegisterClassW(&description);
+    window_.Reset(CreateWindowExW(0, description.lpszClassName, L"", WS_OVERLAPPEDWINDOW, 0, 0, 200,
+                                  100, nullptr, nullptr, description.hInstance, nullptr));
+    SetWindowLongPtrW(window_.Get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    field_ = MakeField(window_.Get());
+    dialog_.Reset(CreateWindowExW(WS_EX_CONTROLPARENT, L"#32770", L"", WS_POPUP, 0, 0, 200, 100,
+                                  window_.Get(), nullptr, description.hInstance, nullptr));
+    first_ = MakeField(dialog_.Get());
+    second_ = MakeField(dialog_.Get());
+    ACCEL shortcut{FVIRTKEY, VK_F5, kShortcut};
+    shortcuts_.Reset(CreateAcceleratorTableW(&shortcut, 1));
+    loop_.SetShortcuts(window_.Get(), shortcuts_.Get());
+  }
+
+  static HWND MakeField(HWND parent) {
+    return CreateWindowExW(0, L"EDIT", L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP, 0, 0, 50, 20,
+                           parent, nullptr, GetModuleHandleW(nullptr), nullptr);
+  }
+
+  void Press(HWND window, WPARAM key) {
+    PostMessageW(window, WM_KEYDOWN, key, 1);
+    loop_.Pump();
+  }
+
+  std::vector<int> commands_;
+  WindowHandle window_;
+  HWND field_ = nullptr;
+  WindowHandle dialog_;
+  HWND first_ = nullptr;
+  HWND second_ = nullptr;
+  AcceleratorsHandle shortcuts_;
+  MessageLoop loop_;
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    auto* const test = reinterpret_cast<MessageLoopTest*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+    if (test != nullptr && message == WM_COMMAND && HIWORD(wParam) == 1) {
+      test->commands_.push_back(LOWORD(wParam));
+      return 0;
+    }
+    return DefWindowProcW(window, message, wParam, lParam);
+  }
+};
+
+TEST_F(MessageLoopTest, TurnsAShortcutIntoItsCommand) {
+  Press(window_.Get(), VK_F5);
+  Press(field_, VK_F5);
+  EXPECT_EQ(commands_, (std::vector<int>{kShortcut, kShortcut}));
+}
+
+TEST_F(MessageLoopTest, KnowsNoShortcutsInOtherWindows) {
+  Press(first_, VK_F5);
+  EXPECT_TRUE(commands_.empty());
+}
+
+TEST_F(MessageLoopTest, TypesCharacters) {
+  SetFocus(field_);
+  Press(field_, 'A');
+  EXPECT_EQ(GetWindowTextLengthW(field_), 1);
+}
+
+TEST_F(MessageLoopTest, MovesTheFocusInADialogThatWasAdded) {
+  SetFocus(first_);
+  Press(first_, VK_TAB);
+  EXPECT_EQ(GetFocus(), first_);
+  loop_.AddDialog(dialog_.Get());
+  Press(first_, VK_TAB);
+  EXPECT_EQ(GetFocus(), second_);
+}
+
+TEST_F(MessageLoopTest, ForgetsADialogThatWasRemoved) {
+  loop_.AddDialog(dialog_.Get());
+  loop_.RemoveDialog(dialog_.Get());
+  SetFocus(first_);
+  Press(first_, VK_TAB);
+  EXPECT_EQ(GetFocus(), first_);
+}
+
+TEST_F(MessageLoopTest, AsksItsFiltersFirst) {
+  loop_.AddFilter([](MSG& message) { return message.message == WM_KEYDOWN; });
+  Press(field_, VK_F5);
+  EXPECT_TRUE(commands_.empty());
+}
+
+TEST_F(MessageLoopTest, LeavesAnOrderToQuitForTheMainLoop) {
+  PostQuitMessage(5);
+  loop_.Pump();
+  loop_.Pump();
+  EXPECT_EQ(loop_.Run(), 5);
+}
+
+TEST_F(MessageLoopTest, PumpsTimersWhileAnOrderToQuitWaits) {
+  int ticks = 0;
+  loop_.AddFilter([&ticks](MSG& message) {
+    ticks += message.message == WM_TIMER;
+    return false;
+  });
+  PostQuitMessage(0);
+  SetTimer(window_.Get(), 1, 10, nullptr);
+  const ULONGLONG start = GetTickCount64();
+  while (ticks == 0 && GetTickCount64() - start < 10'000) loop_.Pump();
+  EXPECT_GT(ticks, 0);
+  KillTimer(window_.Get(), 1);
+  loop_.Run();
+}
+
+TEST_F(MessageLoopTest, WaitsBrieflyWhenNothingIsPending) {
+  loop_.Pump();
+  const ULONGLONG start = GetTickCount64();
+  for (int i = 0; i < 20; ++i) loop_.Pump();
+  EXPECT_GE(GetTickCount64() - start, 100U);
+}
+
+}  // namespace
+}  // namespace deck

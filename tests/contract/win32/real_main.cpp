@@ -1,0 +1,9 @@
+#include <gtest/gtest.h>
+
+#include "tests/contract/win32/reporting_program.h"
+
+int main(int count, char** arguments) {
+  if (deck::ReportIfAsked()) return 0;
+  testing::InitGoogleTest(&count, arguments);
+  return RUN_ALL_TESTS();
+}

@@ -1,0 +1,19 @@
+// What this test program does when it is started by one of its own tests: it writes down how.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "tests/contract/worlds.h"
+
+namespace deck {
+
+// A command line that makes this program report to the file; `argument` ends it as it is.
+std::u16string ReportingCommandLine(const std::u16string& reportFile,
+                                    const std::u16string& argument);
+// True when this process was started by such a command line; the report is written then.
+bool ReportIfAsked();
+// Waits until the file is there and deletes it; nothing when it never comes.
+std::optional<ProgramsWorld::Report> TakeReport(const std::u16string& reportFile);
+
+}  // namespace deck

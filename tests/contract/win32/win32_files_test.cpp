@@ -1,0 +1,103 @@
+// What only real files can show.
+#include "platform/win32/win32_files.h"
+
+#include <windows.h>
+
+#include <gtest/gtest.h>
+
+#include "platform/win32/handles.h"
+#include "platform/win32/wide_text.h"
+#include "tests/contract/win32/temporary_folder.h"
+
+namespace deck {
+namespace {
+
+class Win32FilesTest : public testing::Test {
+ protected:
+  void SetUp() override { ASSERT_TRUE(files_.Create(path_, "old")); }
+
+  std::string Content() const {
+    const Result<std::string> bytes = files_.Read(path_);
+    return bytes ? *bytes : "missing";
+  }
+
+  // Another program that has the file open and lets others do what `share` says.
+  FileHandle OpenElsewhere(DWORD share) const {
+    FileHandle file(
+        CreateFileW(Wide(path_), GENERIC_READ, share, nullptr, OPEN_EXISTING, 0, nullptr));
+    EXPECT_TRUE(file);
+    return file;
+  }
+
+  TemporaryFolder folder_;
+  Win32Files files_;
+  const std::u16string path_ = folder_.In(u"a.tmj");
+};
+
+TEST_F(Win32FilesTest, KeepsAHiddenFileHidden) {
+  SetFileAttributesW(Wide(path_), FILE_ATTRIBUTE_HIDDEN | FILE_ATTRIBUTE_SYSTEM);
+  ASSERT_TRUE(files_.Replace(path_, "new"));
+  EXPECT_EQ(Content(), "new");
+  const DWORD attributes = GetFileAttributesW(Wide(path_));
+  EXPECT_TRUE(attributes & FILE_ATTRIBUTE_HIDDEN);
+  EXPECT_TRUE(attributes & FILE_ATTRIBUTE_SYSTEM);
+}
+
+TEST_F(Win32FilesTest, WritesOverAFileThatAnotherProgramKeepsFromBeingReplaced) {
+  for (const char* bytes : {"longer than it was", "short", ""}) {
+    const FileHandle other = OpenElsewhere(FILE_SHARE_READ | FILE_SHARE_WRITE);
+    ASSERT_TRUE(files_.Replace(path_, bytes));
+    EXPECT_EQ(Content(), bytes);
+    EXPECT_EQ(folder_.CountFiles(), 1);
+  }
+}
+
+TEST_F(Win32FilesTest, LeavesAFileThatAnotherProgramKeepsForItself) {
+  const FileHandle other = OpenElsewhere(FILE_SHARE_READ);
+  const Result<void> result = files_.Replace(path_, "new");
+  ASSERT_FALSE(result);
+  EXPECT_FALSE(result.problem().reason.empty());
+  EXPECT_EQ(Content(), "old");
+  EXPECT_EQ(folder_.CountFiles(), 1);
+}
+
+TEST_F(Win32FilesTest, WritesFilesWhoseNamesLeaveNoRoomForASecondOne) {
+  const std::size_t room = MAX_PATH - 1 - folder_.In(u"").size();
+  const std::u16string longest = folder_.In(std::u16string(room, u'n'));
+  ASSERT_TRUE(files_.Replace(longest, "old"));
+  ASSERT_TRUE(files_.Replace(longest, "new"));
+  const Result<std::string> bytes = files_.Read(longest);
+  ASSERT_TRUE(bytes);
+  EXPECT_EQ(*bytes, "new");
+  EXPECT_EQ(folder_.CountFiles(), 2);
+}
+
+TEST_F(Win32FilesTest, TakesNoDeviceForAFile) {
+  for (const std::u16string& path : {std::u16string(u"NUL"), folder_.In(u"nul"),
+                                     std::u16string(u"CON"), std::u16string(u"\\\\.\\NUL")}) {
+    EXPECT_FALSE(files_.Create(path, "x"));
+    EXPECT_FALSE(files_.Replace(path, "x"));
+    EXPECT_FALSE(files_.Read(path));
+    EXPECT_FALSE(files_.Delete(path));
+  }
+}
+
+TEST_F(Win32FilesTest, TakesNoPathForItsBeginning) {
+  const std::u16string path = path_ + u'\0' + u"x";
+  EXPECT_FALSE(files_.Replace(path, "new"));
+  EXPECT_FALSE(files_.Read(path));
+  EXPECT_FALSE(files_.Delete(path));
+  EXPECT_FALSE(files_.Attributes(path).has_value());
+  EXPECT_FALSE(files_.SetCurrentFolder(folder_.Path() + u'\0' + u"x"));
+  EXPECT_EQ(Content(), "old");
+}
+
+TEST_F(Win32FilesTest, ReadsAFileThatAnotherProgramWrites) {
+  const FileHandle other(CreateFileW(Wide(path_), GENERIC_READ | GENERIC_WRITE,
+                                     FILE_SHARE_READ | FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0,
+                                     nullptr));
+  EXPECT_EQ(Content(), "old");
+}
+
+}  // namespace
+}  // namespace deck

@@ -21,7 +21,7 @@ class UndoableText {
  public:
   // The steps kept. Beyond kUndoStepsAlways the oldest go as soon as the history holds more than
   // kUndoCharacters.
-  static constexpr std::size_t kUndoSteps = 1000;
+  static constexpr std::size_t kUndoSteps = 50'000;
   static constexpr std::size_t kUndoStepsAlways = 100;
   static constexpr std::size_t kUndoCharacters = 16'000'000;
 

@@ -465,6 +465,56 @@ TYPED_TEST_P(EditBoxContract, StaysInvisibleThroughALargeBatch) {
   EXPECT_EQ(this->box().Text(), std::u16string(500, u'\n'));
 }
 
+// Batches of steps
+
+TYPED_TEST_P(EditBoxContract, AppliesStepsOfWhichEachIsTakenBackAlone) {
+  EditBox& box = this->box();
+  box.Load(u"one\ntwo\nthree");
+  box.Select({1, 1});
+  box.ApplyStepByStep({{{0, 0}, u"Rem "}, {{8, 0}, u"Rem "}, {{16, 0}, u"Rem "}});
+  EXPECT_EQ(box.Text(), u"Rem one\nRem two\nRem three");
+  EXPECT_EQ(box.Selection(), (TextSpan{20, 0}));
+  EXPECT_EQ(this->events().changed, 1);
+  EXPECT_EQ(this->TextAfterUndo(), u"Rem one\nRem two\nthree");
+  EXPECT_EQ(this->TextAfterUndo(), u"Rem one\ntwo\nthree");
+  EXPECT_EQ(this->TextAfterUndo(), u"one\ntwo\nthree");
+  EXPECT_FALSE(box.CanUndo());
+}
+
+TYPED_TEST_P(EditBoxContract, StepsMayGoInAnyDirectionAndNeedNotChangeAnything) {
+  EditBox& box = this->box();
+  box.Load(u"abcdef");
+  box.ApplyStepByStep(
+      {{{4, 2}, u""}, {{0, 1}, u"xy"}, {{0, 2}, u"xy"}, {{99, 9}, u"!"}, {{1, 1}, u"y"}});
+  EXPECT_EQ(box.Text(), u"xybcd!");
+  EXPECT_EQ(box.Selection(), (TextSpan{2, 0}));
+  EXPECT_EQ(this->TextAfterUndo(), u"xybcd");
+  EXPECT_EQ(this->TextAfterUndo(), u"abcd");
+  EXPECT_EQ(this->TextAfterUndo(), u"abcdef");
+  EXPECT_FALSE(box.CanUndo());
+  const int changes = this->events().changed;
+  box.ApplyStepByStep({});
+  box.ApplyStepByStep({{{0, 3}, u"abc"}});
+  EXPECT_EQ(box.Selection(), (TextSpan{3, 0}));
+  EXPECT_FALSE(box.CanUndo());
+  EXPECT_EQ(this->events().changed, changes);
+}
+
+TYPED_TEST_P(EditBoxContract, TakesBackEachOfTwoThousandSteps) {
+  EditBox& box = this->box();
+  const std::u16string text = Lines(2'000, u"line");
+  box.Load(text);
+  std::vector<TextEdit> steps;
+  for (int line = 0; line < 2'000; ++line) steps.push_back({{9 * line, 0}, u"Rem "});
+  box.ApplyStepByStep(steps);
+  EXPECT_EQ(box.Text(), Lines(2'000, u"Rem line"));
+  EXPECT_EQ(box.Selection(), (TextSpan{9 * 1'999 + 4, 0}));
+  int taken = 0;
+  for (; box.CanUndo(); ++taken) box.Undo();
+  EXPECT_EQ(taken, 2'000);
+  EXPECT_EQ(box.Text(), text);
+}
+
 // Events
 
 TYPED_TEST_P(EditBoxContract, TypingIsAChange) {
@@ -580,8 +630,10 @@ REGISTER_TYPED_TEST_SUITE_P(
     TakesBackTypedCharactersTogetherButNotTheLinesBefore, TypingElsewhereIsAnotherStep,
     TypingOverASelectionIsTakenBackToThatSelection, AppliesNothing, AppliesSeveralEditsAsOneStep,
     ClampsTheSpansOfABatch, AppliesAnyNumberOfEditsAlike, KeepsTheStepsBeforeALargeBatch,
-    StaysVisibleAndFocusedThroughALargeBatch, StaysInvisibleThroughALargeBatch, TypingIsAChange,
-    MovingTheCaretIsNoChange, TellsOfThePointer, IsInvisibleUntilShown, TellsWhenTheFocusComes,
-    LosesTheFocusWhenItIsHidden, SelectsWhatWasFoundInItsText, FollowsAnySequenceOfEditsAndBack);
+    StaysVisibleAndFocusedThroughALargeBatch, StaysInvisibleThroughALargeBatch,
+    AppliesStepsOfWhichEachIsTakenBackAlone, StepsMayGoInAnyDirectionAndNeedNotChangeAnything,
+    TakesBackEachOfTwoThousandSteps, TypingIsAChange, MovingTheCaretIsNoChange, TellsOfThePointer,
+    IsInvisibleUntilShown, TellsWhenTheFocusComes, LosesTheFocusWhenItIsHidden,
+    SelectsWhatWasFoundInItsText, FollowsAnySequenceOfEditsAndBack);
 
 }  // namespace deck

@@ -42,10 +42,18 @@ void FakeEditBox::Apply(const std::vector<TextEdit>& edits) {
 }
 
 void FakeEditBox::ApplyStepByStep(const std::vector<TextEdit>& steps) {
+  bool changed = false;
   for (const TextEdit& step : steps) {
     Select(step.span);
-    ReplaceSelection(step.replacement);
+    const std::u16string inserted = BoxText(step.replacement);
+    const std::vector<TextEdit> reduced = Reduced(text_.text(), {{selection_, inserted}});
+    const TextSpan before =
+        std::exchange(selection_, {selection_.start + static_cast<int>(inserted.size()), 0});
+    if (reduced.empty()) continue;
+    text_.Change(reduced, before, EditKind::kOther);
+    changed = true;
   }
+  if (changed) Raise(events_.changed);
 }
 
 void FakeEditBox::Undo() {

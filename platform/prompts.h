@@ -7,11 +7,11 @@ namespace deck {
 
 // Icon and buttons in the numbers of the system's message box.
 enum class BoxStyle : unsigned {
-  kCritical = 16,               // stop sign, OK
-  kYesNoCancel = 35,            // question mark, Yes/No/Cancel
-  kYesNo = 36,                  // question mark, Yes/No
-  kExclamation = 48,            // exclamation mark, OK
-  kInformation = 64,            // i, OK
+  kCritical = 16,     // stop sign, OK
+  kYesNoCancel = 35,  // question mark, Yes/No/Cancel
+  kYesNo = 36,        // question mark, Yes/No
+  kExclamation = 48,  // exclamation mark, OK
+  kInformation = 64,  // i, OK
   kYesNoExclamationDefaultNo = 4 + 48 + 256,
 };
 

@@ -12,12 +12,12 @@
 namespace deck {
 
 enum class Encoding {
-  kCodePage,   // the system's code page
-  kUtf8,       // without a mark; recognised by bytes above 0x7F that are all valid UTF-8
-  kUtf8Mark,   // EF BB BF
-  kUtf16Le,    // FF FE
-  kUtf16Be,    // FE FF
-  kBytes,      // not valid in any of these: each byte stands for the character of that number
+  kCodePage,  // the system's code page
+  kUtf8,      // without a mark; recognised by bytes above 0x7F that are all valid UTF-8
+  kUtf8Mark,  // EF BB BF
+  kUtf16Le,   // FF FE
+  kUtf16Be,   // FE FF
+  kBytes,     // not valid in any of these: each byte stands for the character of that number
 };
 
 enum class LineBreak { kCrLf, kLf, kCr };

@@ -12,6 +12,7 @@
 #include "platform/twips.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
+#include "platform/win32/pointer_motion.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
@@ -153,6 +154,7 @@ void MainWindow::SetIcons() {
 }
 
 void MainWindow::Show() {
+  NotePointer();
   ShowWindow(window_, stateToShow_ == WindowState::kMaximised ? SW_SHOWMAXIMIZED : SW_SHOWNORMAL);
   ReportKeysAndClock();
 }

@@ -10,6 +10,7 @@
 #include "platform/twips.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
+#include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/wide_text.h"
 
@@ -111,7 +112,7 @@ void StatusBarControl::ShowToolTips() {
 LRESULT CALLBACK StatusBarControl::Procedure(HWND window, UINT message, WPARAM wParam,
                                              LPARAM lParam, UINT_PTR id, DWORD_PTR self) {
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Procedure, id);
-  if (message == WM_MOUSEMOVE) {
+  if (message == WM_MOUSEMOVE && HasPointerMoved(window, lParam)) {
     InProcedure([&] {
       const auto& hovered = reinterpret_cast<StatusBarControl*>(self)->hovered_;
       if (hovered) hovered();

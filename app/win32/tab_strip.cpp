@@ -9,6 +9,7 @@
 #include "platform/control_ids.h"
 #include "platform/strings.h"
 #include "platform/twips.h"
+#include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/wide_text.h"
 
@@ -104,7 +105,8 @@ int TabStrip::PositionAt(LPARAM point) const {
 LRESULT TabStrip::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_MOUSEMOVE:
-      if (const int position = PositionAt(lParam); position > 0 && events_.hovered) {
+      if (const int position = PositionAt(lParam);
+          HasPointerMoved(window_, lParam) && position > 0 && events_.hovered) {
         events_.hovered(position);
       }
       break;

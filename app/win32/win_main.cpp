@@ -14,6 +14,7 @@
 #include "platform/strings.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/win32_clipboard.h"
 #include "platform/win32/win32_code_page.h"
 #include "platform/win32/win32_event_loop.h"
 #include "platform/win32/win32_file_dialogs.h"
@@ -146,9 +147,10 @@ int RunEditor() {
 
   InfoWindow infoWindow(window.Handle(), loop);
   Win32Printer printer(owner);
+  Win32Clipboard clipboard([&window] { return window.Handle(); });
 
   Editor editor({window, window.MacroPanel(), files, profiles, dialogs, prompts, programs,
-                 eventLoop, keyboard, codePage, system, help, infoWindow, printer});
+                 eventLoop, keyboard, codePage, system, help, infoWindow, printer, clipboard});
   infoWindow.events = {
       .closeWanted = [&editor] { editor.InfoPages().Close(); },
       .overOk = [&editor] { editor.InfoPages().OnHoverOk(); },

@@ -10,6 +10,7 @@
 #include "platform/control_ids.h"
 #include "platform/twips.h"
 #include "platform/win32/fonts.h"
+#include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/text_drag.h"
 #include "platform/win32/wide_text.h"
@@ -232,7 +233,7 @@ LRESULT CALLBACK MacroPanelWindow::ComboProcedure(HWND window, UINT message, WPA
 }
 
 LRESULT MacroPanelWindow::HandleCombo(UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message == WM_MOUSEMOVE) Report(events.headingPointer);
+  if (message == WM_MOUSEMOVE && HasPointerMoved(combo_, lParam)) Report(events.headingPointer);
   if (message == WM_KEYDOWN && OnComboKey(wParam)) return 0;
   if (message == WM_CHAR && IsHandledAsKey(wParam)) return 0;
   return DefSubclassProc(combo_, message, wParam, lParam);
@@ -279,7 +280,7 @@ LRESULT MacroPanelWindow::HandleList(UINT message, WPARAM wParam, LPARAM lParam)
       press_ = {MacroAt(PointOf(lParam)), PointOf(lParam)};
       break;
     case WM_MOUSEMOVE:
-      if (OnListMouseMove(wParam, PointOf(lParam))) return 0;
+      if (OnListMouseMove(wParam, PointOf(lParam), HasPointerMoved(list_, lParam))) return 0;
       break;
     case WM_LBUTTONUP:
     case WM_LBUTTONDBLCLK:
@@ -314,9 +315,9 @@ bool MacroPanelWindow::OnListKey(WPARAM key) {
 
 // The list itself must not see the moves of a press on a macro: it would let the choice follow the
 // pointer.
-bool MacroPanelWindow::OnListMouseMove(WPARAM keys, POINT where) {
+bool MacroPanelWindow::OnListMouseMove(WPARAM keys, POINT where, bool moved) {
   if ((keys & MK_LBUTTON) == 0 || press_.index < 0) {
-    Report(events.listPointer);
+    if (moved) Report(events.listPointer);
     return false;
   }
   if (IsFarEnoughForADrag(press_.where, where)) BeginDrag();

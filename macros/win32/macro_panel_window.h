@@ -72,7 +72,7 @@ class MacroPanelWindow : public MacroPanelView {
   void OnCommand(WORD control, WORD code);
   bool OnComboKey(WPARAM key);
   bool OnListKey(WPARAM key);
-  bool OnListMouseMove(WPARAM keys, POINT where);
+  bool OnListMouseMove(WPARAM keys, POINT where, bool moved);
   void BeginDrag();
   int MacroAt(POINT where) const;
 

@@ -1,0 +1,348 @@
+// The window itself: layout, place, resolution, closing, and what it reports of the system.
+#include <windows.h>
+
+#include <shlobj.h>
+
+#include <array>
+#include <cstring>
+#include <new>
+#include <regex>
+#include <string>
+
+#include "platform/strings.h"
+#include "platform/win32/wide_text.h"
+#include "tests/window/main_window_fixture.h"
+
+namespace deck {
+namespace {
+
+constexpr UINT kDpiChanged = 0x02E0;
+
+class MainWindowTest : public MainWindowFixture {
+ protected:
+  HWND Handle() const { return window.Handle(); }
+  static RECT ScreenPlace(HWND control) {
+    RECT rect{};
+    GetWindowRect(control, &rect);
+    return rect;
+  }
+  void Resize(int width, int height) {
+    SetWindowPos(Handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
+  }
+  int StatusHeight() const { return PlaceOf(Status()).height; }
+  int ClientWidth() const {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    return client.right;
+  }
+  int ClientHeight() const {
+    RECT client{};
+    GetClientRect(Handle(), &client);
+    return client.bottom;
+  }
+  void ExpectEditBoxInsideTabStrip(int left, int top, int sides) const {
+    const Rectangle tabs = PlaceOf(Tabs());
+    EXPECT_EQ(PlaceOf(Control(ControlId::kText1)),
+              (Rectangle{tabs.left + left, tabs.top + top, tabs.width - sides,
+                         tabs.height - StatusHeight()}));
+  }
+  bool QuitIsOrdered() const {
+    MSG message{};
+    return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != 0;
+  }
+};
+
+TEST_F(MainWindowTest, IsFoundByClassAndTitle) {
+  EXPECT_EQ(FindWindowW(L"Editor", L"Wren Deck"), Handle());
+}
+
+TEST_F(MainWindowTest, ControlsHaveTheClassesThatScriptsLookFor) {
+  const auto box = window.CreateEditBox({});
+  for (const ControlRow& row : kControls) {
+    if (row.window != u"Editor" && row.window != u"FrameMacros") continue;
+    const HWND parent = row.window == u"FrameMacros" ? Frame() : Handle();
+    const HWND control = Control(row.id, parent);
+    ASSERT_NE(control, nullptr) << Narrow(row.name);
+    std::array<wchar_t, 100> name{};
+    GetClassNameW(control, name.data(), static_cast<int>(name.size()));
+    // Names of classes are the same in any case; the system spells that of the edit box in its own.
+    EXPECT_TRUE(EqualsIgnoringCase(FromWide(name.data()), row.windowClass)) << Narrow(row.name);
+  }
+}
+
+// ---- Layout.
+
+TEST_F(MainWindowTest, TabStripAndEditBoxFillTheWindowAtEverySize) {
+  const auto box = window.CreateEditBox({});
+  ShowWindowed();
+  for (const auto& [width, height] : {std::pair{900, 600}, {700, 500}, {1100, 800}}) {
+    Resize(width, height);
+    EXPECT_EQ(PlaceOf(Tabs()), (Rectangle{0, 0, ClientWidth(), ClientHeight() - StatusHeight()}));
+    ExpectEditBoxInsideTabStrip(3, 23, 6);
+    EXPECT_FALSE(IsWindowVisible(Frame()));
+  }
+}
+
+TEST_F(MainWindowTest, MacroPanelTakesItsWidthFromTheTabStrip) {
+  const auto box = window.CreateEditBox({});
+  ShowWindowed();
+  window.PositionControls(300);
+  EXPECT_TRUE(IsWindowVisible(Frame()));
+  EXPECT_EQ(PlaceOf(Frame()), (Rectangle{0, 0, 300, ClientHeight() - StatusHeight()}));
+  EXPECT_EQ(PlaceOf(Tabs()).left, 300);
+  EXPECT_EQ(PlaceOf(Tabs()).right(), ClientWidth());
+  ExpectEditBoxInsideTabStrip(3, 23, 6);
+  window.PositionControls(0);
+  EXPECT_FALSE(IsWindowVisible(Frame()));
+  EXPECT_EQ(PlaceOf(Tabs()).left, 0);
+}
+
+TEST_F(MainWindowTest, EditBoxMadeLaterStandsWhereTheOthersStand) {
+  ShowWindowed();
+  window.PositionControls(200);
+  const auto first = window.CreateEditBox({});
+  const Rectangle place = PlaceOf(Control(ControlId::kText1));
+  const auto second = window.CreateEditBox({});
+  EXPECT_EQ(PlaceOf(Control(ControlId::kText1)), place);
+  ExpectEditBoxInsideTabStrip(3, 23, 6);
+}
+
+TEST_F(MainWindowTest, EditBoxLiesInFrontOfTheTabStrip) {
+  ShowWindowed();
+  const auto box = window.CreateEditBox({});
+  box->SetVisible(true);
+  const Rectangle place = PlaceOf(Tabs());
+  EXPECT_EQ(
+      ChildWindowFromPointEx(Handle(), {place.left + place.width / 2, place.top + place.height / 2},
+                             CWP_SKIPINVISIBLE),
+      Control(ControlId::kText1));
+}
+
+TEST_F(MainWindowTest, TabsEndWhereTheEditBoxBegins) {
+  ShowWindowed();
+  window.InsertTab(1, u"a.tmj");
+  RECT inside{0, 0, PlaceOf(Tabs()).width, PlaceOf(Tabs()).height};
+  SendMessageW(Tabs(), TCM_ADJUSTRECT, FALSE, reinterpret_cast<LPARAM>(&inside));
+  EXPECT_LE(inside.top, 26);
+  RECT tab{};
+  SendMessageW(Tabs(), TCM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&tab));
+  EXPECT_LE(tab.bottom, 23);
+}
+
+TEST_F(MainWindowTest, CannotBeMadeSmallerThanItsControlsNeed) {
+  ShowWindowed();
+  Resize(10, 10);
+  const RECT rect = ScreenPlace(Handle());
+  EXPECT_GE(rect.right - rect.left, 480);
+  EXPECT_GE(rect.bottom - rect.top, 320);
+}
+
+// ---- Resolution.
+
+TEST_F(MainWindowTest, NewResolutionScalesOffsetsFontsAndPanel) {
+  const auto box = window.CreateEditBox({});
+  ShowWindowed();
+  window.PositionControls(200);
+  const int statusHeight = StatusHeight();
+  const auto itemHeight = SendMessageW(Macros(), LB_GETITEMHEIGHT, 0, 0);
+  RECT suggested{0, 0, 1200, 900};
+  SendMessageW(Handle(), kDpiChanged, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
+  const RECT now = ScreenPlace(Handle());
+  EXPECT_EQ(now.right - now.left, 1200);
+  EXPECT_EQ(now.bottom - now.top, 900);
+  EXPECT_EQ(PlaceOf(Frame()).width, 400);
+  EXPECT_GE(StatusHeight(), 2 * statusHeight - 4);
+  EXPECT_GE(SendMessageW(Macros(), LB_GETITEMHEIGHT, 0, 0), 2 * itemHeight - 4);
+  ExpectEditBoxInsideTabStrip(6, 46, 12);
+}
+
+TEST_F(MainWindowTest, EdgeIsReportedInPixelsOfTheBaseResolution) {
+  ShowWindowed();
+  window.PositionControls(200);
+  RECT suggested{0, 0, 1200, 900};
+  SendMessageW(Handle(), kDpiChanged, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
+  events.clear();
+  const int edge = PlaceOf(Frame()).width - 3;
+  Mouse(Frame(), WM_LBUTTONDOWN, {edge, 100}, MK_LBUTTON);
+  Mouse(Frame(), WM_MOUSEMOVE, {edge + 100, 100}, MK_LBUTTON);
+  Mouse(Frame(), WM_LBUTTONUP, {edge + 100, 100});
+  EXPECT_TRUE(Happened("splitter 250"));
+}
+
+// ---- Place.
+
+TEST_F(MainWindowTest, PlaceIsRestoredToTheTwip) {
+  const WindowPlacement place{1500, 900, 13320, 8895, WindowState::kNormal};
+  window.Place(place);
+  EXPECT_EQ(window.Placement(), place);
+  window.Show();
+  // The window manager may have a say in between.
+  EXPECT_TRUE(WaitFor([&] { return window.Placement() == place; }));
+}
+
+TEST_F(MainWindowTest, MaximisedWindowTellsItsNormalPlace) {
+  window.Place({1500, 900, 9000, 7500, WindowState::kNormal});
+  window.Place({0, 0, 0, 0, WindowState::kMaximised});
+  EXPECT_EQ(window.Placement().state, WindowState::kMaximised);
+  window.Show();
+  loop.Pump();
+  EXPECT_TRUE(IsZoomed(Handle()));
+  EXPECT_EQ(window.Placement(), (WindowPlacement{1500, 900, 9000, 7500, WindowState::kMaximised}));
+}
+
+TEST_F(MainWindowTest, MinimisedWindowTellsItsNormalPlaceAndIsReported) {
+  ShowWindowed();
+  const WindowPlacement before = window.Placement();
+  ShowWindow(Handle(), SW_MINIMIZE);
+  loop.Pump();
+  EXPECT_TRUE(Happened("minimised"));
+  WindowPlacement minimised = window.Placement();
+  EXPECT_EQ(minimised.state, WindowState::kMinimised);
+  minimised.state = WindowState::kNormal;
+  EXPECT_EQ(minimised, before);
+  ShowWindow(Handle(), SW_RESTORE);
+  loop.Pump();
+  EXPECT_TRUE(Happened("not minimised"));
+}
+
+TEST_F(MainWindowTest, PlaceOutsideEveryMonitorIsMovedOntoOne) {
+  window.Place({-900'000, 400'000, 9000, 6000, WindowState::kNormal});
+  const RECT rect = ScreenPlace(Handle());
+  EXPECT_NE(MonitorFromRect(&rect, MONITOR_DEFAULTTONULL), nullptr);
+  EXPECT_EQ(rect.right - rect.left, 600);
+  EXPECT_EQ(rect.left, 0);
+}
+
+TEST_F(MainWindowTest, ScreenIsMeasuredInTwips) {
+  const auto [width, height] = window.ScreenSize();
+  EXPECT_FLOAT_EQ(width, static_cast<float>(GetSystemMetrics(SM_CXSCREEN)) * 15);
+  EXPECT_FLOAT_EQ(height, static_cast<float>(GetSystemMetrics(SM_CYSCREEN)) * 15);
+}
+
+// ---- Closing.
+
+TEST_F(MainWindowTest, CloseAsksThenUnloadsAndEndsTheLoop) {
+  ShowWindowed();
+  SendMessageW(Handle(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(events, (std::vector<std::string>{"may it close?", "unload"}));
+  EXPECT_FALSE(IsWindowVisible(Handle()));
+  EXPECT_TRUE(QuitIsOrdered());
+}
+
+TEST_F(MainWindowTest, RefusedCloseKeepsTheWindow) {
+  ShowWindowed();
+  mayClose = false;
+  SendMessageW(Handle(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(events, std::vector<std::string>{"may it close?"});
+  EXPECT_TRUE(IsWindowVisible(Handle()));
+  EXPECT_FALSE(QuitIsOrdered());
+}
+
+TEST_F(MainWindowTest, CloseIsIgnoredWhileABoxWaitsForItsAnswer) {
+  ShowWindowed();
+  EnableWindow(Handle(), FALSE);
+  SendMessageW(Handle(), WM_CLOSE, 0, 0);
+  EXPECT_TRUE(events.empty());
+  EnableWindow(Handle(), TRUE);
+}
+
+TEST_F(MainWindowTest, ClosedWindowUnloadsOnlyOnceAndTakesNoCommands) {
+  ShowWindowed();
+  SendMessageW(Handle(), WM_CLOSE, 0, 0);
+  SendMessageW(Handle(), WM_CLOSE, 0, 0);
+  SendMessageW(Handle(), WM_COMMAND, 103, 0);
+  EXPECT_EQ(events, (std::vector<std::string>{"may it close?", "unload"}));
+}
+
+TEST_F(MainWindowTest, CloseAskedForByTheProgramComesThroughTheQueue) {
+  ShowWindowed();
+  window.Close();
+  EXPECT_TRUE(events.empty());
+  loop.Pump();
+  EXPECT_TRUE(Happened("unload"));
+}
+
+TEST_F(MainWindowTest, EndOfTheSessionAsksTheSameQuestion) {
+  ShowWindowed();
+  mayClose = false;
+  EXPECT_EQ(SendMessageW(Handle(), WM_QUERYENDSESSION, 0, 0), FALSE);
+  SendMessageW(Handle(), WM_ENDSESSION, FALSE, 0);
+  EXPECT_FALSE(Happened("unload"));
+  mayClose = true;
+  EXPECT_EQ(SendMessageW(Handle(), WM_QUERYENDSESSION, 0, 0), TRUE);
+  EXPECT_FALSE(Happened("unload"));
+  SendMessageW(Handle(), WM_ENDSESSION, TRUE, 0);
+  EXPECT_TRUE(Happened("unload"));
+}
+
+TEST_F(MainWindowTest, SessionDoesNotEndOverAnOpenQuestion) {
+  ShowWindowed();
+  EnableWindow(Handle(), FALSE);
+  EXPECT_EQ(SendMessageW(Handle(), WM_QUERYENDSESSION, 0, 0), FALSE);
+  EXPECT_TRUE(events.empty());
+  EnableWindow(Handle(), TRUE);
+}
+
+// ---- What it reports.
+
+TEST_F(MainWindowTest, TimersOfTheProgramAreReportedByNumber) {
+  for (const WPARAM timer : {1, 2, 3}) SendMessageW(Handle(), WM_TIMER, timer, 0);
+  EXPECT_EQ(events, (std::vector<std::string>{"timer 1", "timer 2", "timer 3"}));
+}
+
+TEST_F(MainWindowTest, FocusOfTheWindowIsPassedOn) {
+  ShowWindowed();
+  SetFocus(Macros());
+  events.clear();
+  SetFocus(Handle());
+  EXPECT_EQ(events, std::vector<std::string>{"focused"});
+}
+
+TEST_F(MainWindowTest, DroppedFilesAreReportedInTheirOrder) {
+  ShowWindowed();
+  const std::wstring names = std::wstring(L"C:\\a.tmj") + L'\0' + L"C:\\b c.tmm" + L'\0' + L'\0';
+  const HGLOBAL memory = GlobalAlloc(GHND, sizeof(DROPFILES) + names.size() * sizeof(wchar_t));
+  auto* drop = static_cast<DROPFILES*>(GlobalLock(memory));
+  drop->pFiles = sizeof(DROPFILES);
+  drop->fWide = TRUE;
+  std::memcpy(drop + 1, names.data(), names.size() * sizeof(wchar_t));
+  GlobalUnlock(memory);
+  SendMessageW(Handle(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
+  EXPECT_EQ(events, (std::vector<std::string>{"dropped C:\\a.tmj", "dropped C:\\b c.tmm"}));
+  EXPECT_NE(GetWindowLongPtrW(Handle(), GWL_EXSTYLE) & WS_EX_ACCEPTFILES, 0);
+}
+
+TEST_F(MainWindowTest, ClockHasHoursAndMinutesOnly) {
+  MSG press{};
+  press.hwnd = Handle();
+  press.message = WM_KEYDOWN;
+  press.wParam = VK_CAPITAL;
+  EXPECT_FALSE(window.Watch(press));
+  ASSERT_EQ(events.size(), 1U);
+  EXPECT_TRUE(std::regex_match(events[0], std::regex("clock \\d{1,2}[:.]\\d\\d( [AP]M)?")))
+      << events[0];
+}
+
+TEST_F(MainWindowTest, OnlyKeysThatThePanelsShowAskForThem) {
+  MSG press{};
+  press.message = WM_KEYDOWN;
+  press.wParam = 'A';
+  window.Watch(press);
+  EXPECT_TRUE(events.empty());
+}
+
+TEST_F(MainWindowTest, PanelsAreAskedForAFewTimesASecond) {
+  ShowWindowed();
+  EXPECT_TRUE(WaitFor([&] { return !events.empty() && events[0].starts_with("clock "); }));
+}
+
+TEST_F(MainWindowTest, ExceptionOfACommandEndsAtTheWindow) {
+  window.events.execute = [](CommandId) { throw std::bad_alloc(); };
+  EXPECT_EQ(SendMessageW(Handle(), WM_COMMAND, 101, 0), 0);
+  window.events.execute = [this](CommandId) { events.push_back("alive"); };
+  SendMessageW(Handle(), WM_COMMAND, 101, 0);
+  EXPECT_EQ(events, std::vector<std::string>{"alive"});
+}
+
+}  // namespace
+}  // namespace deck

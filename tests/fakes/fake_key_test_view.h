@@ -39,26 +39,54 @@ class FakeKeyTestView : public KeyTestView {
 
   void SetLamps(const KeyLamps& shown) override { lamps = shown; }
   void SetLook(const KeyTestLook& shown) override { look = shown; }
-  void SetTimer1(int milliseconds) override { timer1 = milliseconds; }
+  void SetTimer1(int milliseconds) override {
+    timer1 = milliseconds;
+    sinceTick_ = 0;
+  }
 
   WindowPlacement Placement() const override { return placement; }
   void Place(const WindowPlacement& place) override { placement = place; }
 
-  // What a user does. Keys give back whether the event was kept from the system.
+  // What a user does; nothing while the window is closed. Keys give back whether the event was kept
+  // from the system.
   bool PressKey(std::int16_t code, std::int16_t modifiers = 0) {
-    return events.keyDown(code, modifiers);
+    return open && events.keyDown(code, modifiers);
   }
   bool ReleaseKey(std::int16_t code, std::int16_t modifiers = 0) {
-    return events.keyUp(code, modifiers);
+    return open && events.keyUp(code, modifiers);
   }
-  bool Type(char16_t character) { return events.keyPress(character); }
+  bool Type(char16_t character) { return open && events.keyPress(character); }
+  void LoseKeyboard() {
+    if (open) events.keysUnseen(0);
+  }
   void Choose(KeyTestCommand command, KeyBox box = KeyBox::kEvents) {
-    events.command(command, box);
+    if (open) events.command(command, box);
+  }
+  void ClickMenusLabel() {
+    if (open) events.menusLabelClicked();
+  }
+  void ClickModeWarning() {
+    if (open && look.modeWarning) events.modeWarningClicked();
+  }
+  void EnterBox() {
+    if (open) events.boxEntered();
+  }
+  void CloseWindow() {
+    if (open) events.closing();
   }
   // Lines from 0, `end` not included.
   void SelectLines(KeyBox box, int first, int end) {
     Of(box).selectionStart = first;
     Of(box).selectionEnd = end;
+  }
+  // Lets the time pass, ticks included.
+  void Wait(int milliseconds) {
+    for (int passed = 0; passed < milliseconds; ++passed) {
+      if (timer1 == 0) return;
+      if (++sinceTick_ < timer1) continue;
+      sinceTick_ = 0;
+      events.timer1();
+    }
   }
 
   bool open = false;
@@ -80,6 +108,7 @@ class FakeKeyTestView : public KeyTestView {
   const Box& Of(KeyBox box) const { return boxes_[static_cast<std::size_t>(box)]; }
 
   std::array<Box, 2> boxes_;
+  int sinceTick_ = 0;  // milliseconds
 };
 
 }  // namespace deck

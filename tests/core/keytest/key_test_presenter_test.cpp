@@ -158,7 +158,7 @@ TEST_F(KeyTestPresenterTest, ASwitchThatIsNotReportedGivesTheWarning) {
   presenter.Show();
   EXPECT_TRUE(view.look.modeWarning);
   EXPECT_TRUE(view.visible);
-  view.events.modeWarningClicked();
+  view.ClickModeWarning();
   EXPECT_EQ(prompts.shown.back().title, u"Your Cougar needs a slap");
   EXPECT_NE(prompts.shown.back().text.find(u"they didn't generate an error"), std::u16string::npos);
 }
@@ -168,7 +168,7 @@ TEST_F(KeyTestPresenterTest, AnErrorGivesTheWarningEvenInProgrammedMode) {
   presenter.Show();
   EXPECT_EQ(log, std::vector<std::u16string>{u"read"});
   EXPECT_TRUE(view.look.modeWarning);
-  view.events.modeWarningClicked();
+  view.ClickModeWarning();
   EXPECT_NE(prompts.shown.back().text.find(u"generated an error. "), std::u16string::npos);
 }
 
@@ -256,7 +256,7 @@ TEST_F(KeyTestPresenterTest, LampsAreShownAndGoOutWithTheKeyboard) {
   presenter.Show();
   view.PressKey(16, 1);
   EXPECT_EQ(view.lamps, (KeyLamps{.shift = true}));
-  view.events.keysUnseen(0);
+  view.LoseKeyboard();
   EXPECT_EQ(view.lamps, KeyLamps{});
 }
 
@@ -274,7 +274,7 @@ TEST_F(KeyTestPresenterTest, TheBoxesAreClearedAfterThePauseByTheNextKey) {
   EXPECT_EQ(view.timer1, 0) << "a key-down stops the timer";
   view.ReleaseKey(65);
   EXPECT_EQ(view.timer1, 600);
-  view.events.timer1();
+  view.Wait(600);
   EXPECT_EQ(view.timer1, 0);
   EXPECT_EQ(Events(), u"Down: a\r\nUp: a\r\n");
   view.PressKey(112);
@@ -348,9 +348,9 @@ TEST_F(KeyTestPresenterTest, ViewAllToggles) {
 
 TEST_F(KeyTestPresenterTest, TheMenusAreHiddenAndShownByTheirLabel) {
   presenter.Show();
-  view.events.menusLabelClicked();
+  view.ClickMenusLabel();
   EXPECT_FALSE(view.look.menusShown);
-  view.events.menusLabelClicked();
+  view.ClickMenusLabel();
   EXPECT_TRUE(view.look.menusShown);
 }
 
@@ -405,7 +405,7 @@ TEST_F(KeyTestPresenterTest, TheLayoutOfTheOpeningComesBackWhereTheFixIsOn) {
   presenter.Show();
   EXPECT_TRUE(keyboard.activated.empty());
   keyboard.layoutName = u"00000409";
-  view.events.boxEntered();
+  view.EnterBox();
   EXPECT_EQ(keyboard.layoutName, u"00000407");
   keyboard.layoutName = u"00000409";
   view.PressKey(65);
@@ -419,7 +419,7 @@ TEST_F(KeyTestPresenterTest, TheLayoutOfTheOpeningComesBackWhereTheFixIsOn) {
 TEST_F(KeyTestPresenterTest, TheLayoutIsLeftAloneWhereTheFixIsOff) {
   presenter.Show();
   keyboard.layoutName = u"00000407";
-  view.events.boxEntered();
+  view.EnterBox();
   view.PressKey(65);
   EXPECT_TRUE(keyboard.activated.empty());
 }
@@ -430,7 +430,7 @@ TEST_F(KeyTestPresenterTest, EachOpeningRemembersItsOwnLayout) {
   presenter.Unload();
   keyboard.layoutName = u"00000407";
   presenter.Show();
-  view.events.boxEntered();
+  view.EnterBox();
   EXPECT_EQ(keyboard.layoutName, u"00000407");
 }
 
@@ -440,8 +440,8 @@ TEST_F(KeyTestPresenterTest, ClosingWritesAllSevenSettings) {
   Store(u"ClearDelay=65535\r\n");
   presenter.Show();
   view.placement = {-30, 45.4F, 9000.6F, 6000, WindowState::kMinimised};
-  view.events.menusLabelClicked();
-  view.events.closing();
+  view.ClickMenusLabel();
+  view.CloseWindow();
   EXPECT_EQ(Stored(u"KeyTopAtStartup"), u"45");
   EXPECT_EQ(Stored(u"KeyLeftAtStartup"), u"-30");
   EXPECT_EQ(Stored(u"KeyWidthAtStartup"), u"9001");

@@ -1,0 +1,396 @@
+#include "keytest/win32/key_log_box.h"
+
+#include <windowsx.h>
+
+#include <algorithm>
+
+#include "platform/win32/procedure_border.h"
+#include "platform/win32/wide_text.h"
+
+namespace deck {
+namespace {
+
+constexpr int kTextMargin = 4;   // pixels left of the text
+constexpr int kScrollStep = 20;  // pixels, sideways
+constexpr int kWheelLinesUsual = 3;
+
+void RegisterBoxClass(WNDPROC procedure) {
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  description.lpfnWndProc = procedure;
+  description.hInstance = GetModuleHandleW(nullptr);
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.lpszClassName = kKeyLogBoxClass;
+  RegisterClassExW(&description);  // fails harmlessly when it was done before
+}
+
+RECT ClientOf(HWND window) {
+  RECT client{};
+  GetClientRect(window, &client);
+  return client;
+}
+
+POINT PointOf(LPARAM lParam) {
+  return {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+}
+
+constexpr UINT kF1Pressed = 0x004D;  // what the system makes of F1 by itself; WM_HELP follows
+
+bool IsKeyMessage(UINT message) {
+  return (message >= WM_KEYFIRST && message <= WM_KEYLAST) || message == kF1Pressed;
+}
+
+void SetScrollBar(HWND window, int bar, int count, int page, int position, UINT flags) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS | flags;
+  info.nMax = std::max(count - 1, 0);
+  info.nPage = static_cast<UINT>(std::max(page, 0));
+  info.nPos = position;
+  SetScrollInfo(window, bar, &info, TRUE);
+}
+
+// Where the bar's thumb is while the user drags it; the message itself carries 16 bits only.
+int ThumbPosition(HWND window, int bar) {
+  SCROLLINFO info{};
+  info.cbSize = sizeof info;
+  info.fMask = SIF_TRACKPOS;
+  GetScrollInfo(window, bar, &info);
+  return info.nTrackPos;
+}
+
+int WheelLines(int page) {
+  UINT lines = kWheelLinesUsual;
+  SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+  return lines == WHEEL_PAGESCROLL ? page : static_cast<int>(lines);
+}
+
+bool IsPointerOver(HWND window) {
+  POINT pointer{};
+  GetCursorPos(&pointer);
+  return WindowFromPoint(pointer) == window;
+}
+
+void Fill(HDC context, const RECT& area, int systemColour) {
+  if (area.left < area.right && area.top < area.bottom) {
+    FillRect(context, &area, GetSysColorBrush(systemColour));
+  }
+}
+
+template <class... Arguments>
+void Report(const std::function<void(Arguments...)>& event, Arguments... arguments) {
+  if (event) event(arguments...);
+}
+
+}  // namespace
+
+void KeyLogBox::Create(HWND parent, int id) {
+  RegisterBoxClass(Procedure);
+  Clear();
+  window_ = CreateWindowExW(WS_EX_CLIENTEDGE, kKeyLogBoxClass, L"",
+                            WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL, 0, 0, 0, 0, parent,
+                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                            GetModuleHandleW(nullptr), this);
+}
+
+void KeyLogBox::SetFont(HFONT font) {
+  font_ = font;
+  const HDC context = GetDC(window_);
+  const HGDIOBJ previous = SelectObject(context, font);
+  TEXTMETRICW metrics{};
+  GetTextMetricsW(context, &metrics);
+  SelectObject(context, previous);
+  ReleaseDC(window_, context);
+  rowHeight_ = std::max<int>(metrics.tmHeight + metrics.tmExternalLeading, 1);
+  widest_ = 0;
+  left_ = 0;
+  Invalidate();
+}
+
+void KeyLogBox::Append(std::u16string_view line) {
+  log_.Append(line);
+  toEnd_ = true;
+  Invalidate();
+}
+
+void KeyLogBox::Clear() {
+  log_.Clear();
+  selection_.reset();
+  top_ = 0;
+  left_ = 0;
+  widest_ = 0;
+  toEnd_ = false;
+  Invalidate();
+}
+
+std::u16string_view KeyLogBox::SelectedText() const {
+  if (!selection_) return {};
+  const auto [first, last] = std::minmax(selection_->anchor, selection_->active);
+  return log_.Lines(first, last + 1);
+}
+
+bool KeyLogBox::IsSelected(int line) const {
+  if (!selection_) return false;
+  const auto [first, last] = std::minmax(selection_->anchor, selection_->active);
+  return line >= first && line <= last;
+}
+
+void KeyLogBox::Invalidate() const {
+  if (window_ != nullptr) InvalidateRect(window_, nullptr, FALSE);
+}
+
+// ---- Messages.
+
+LRESULT CALLBACK KeyLogBox::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_NCCREATE) {
+    auto* self = static_cast<KeyLogBox*>(reinterpret_cast<CREATESTRUCTW*>(lParam)->lpCreateParams);
+    self->window_ = window;
+    SetWindowLongPtrW(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(self));
+  }
+  auto* self = reinterpret_cast<KeyLogBox*>(GetWindowLongPtrW(window, GWLP_USERDATA));
+  if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
+  if (message == WM_NCDESTROY) {
+    SetWindowLongPtrW(window, GWLP_USERDATA, 0);
+    if (self->window_ == window) self->window_ = nullptr;
+  }
+  return InProcedure([&] { return self->Handle(window, message, wParam, lParam); });
+}
+
+// `window` and not window_: an event may have ended the window, and even made the next one.
+LRESULT KeyLogBox::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (IsKeyMessage(message) && events.key && events.key(message, wParam, lParam)) return 0;
+  switch (message) {
+    case WM_PAINT:
+      OnPaint(window);
+      return 0;
+    case WM_ERASEBKGND:
+      return 1;
+    case WM_SIZE:
+      // The end stays in view when it was.
+      toEnd_ = toEnd_ || top_ + RowsIn(ClientOf(window)) >= log_.LineCount();
+      Invalidate();
+      return 0;
+    case WM_GETTEXT:
+      return GetText(wParam, lParam);
+    case WM_GETTEXTLENGTH:
+      return static_cast<LRESULT>(log_.Text().size());
+    case WM_SETTEXT:
+      return FALSE;
+    case WM_GETFONT:
+      return reinterpret_cast<LRESULT>(font_);
+    case WM_GETDLGCODE:
+      return DLGC_WANTALLKEYS | DLGC_WANTARROWS | DLGC_WANTCHARS | DLGC_WANTTAB;
+    case WM_SETFOCUS:
+      Report(events.entered);
+      return 0;
+    case WM_VSCROLL:
+      OnVerticalScroll(LOWORD(wParam));
+      return 0;
+    case WM_HSCROLL:
+      OnHorizontalScroll(LOWORD(wParam));
+      return 0;
+    case WM_MOUSEWHEEL:
+      // The wheel's messages come to the focus; they are meant for what the pointer is over.
+      if (!IsPointerOver(window)) break;
+      OnWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+      return 0;
+    case WM_LBUTTONDOWN:
+      OnButtonDown(PointOf(lParam), (wParam & MK_SHIFT) != 0);
+      return 0;
+    case WM_MOUSEMOVE:
+      if (GetCapture() == window) OnDrag(PointOf(lParam));
+      return 0;
+    case WM_LBUTTONUP:
+      if (GetCapture() == window) ReleaseCapture();
+      return 0;
+    case WM_RBUTTONDOWN:
+      Report(events.clicked);
+      return 0;
+    case WM_CONTEXTMENU:
+      return OnContextMenu(lParam);
+    default:
+      break;
+  }
+  return DefWindowProcW(window, message, wParam, lParam);
+}
+
+LRESULT KeyLogBox::GetText(WPARAM room, LPARAM buffer) const {
+  if (room == 0) return 0;
+  const std::size_t length = std::min<std::size_t>(log_.Text().size(), room - 1);
+  auto* const target = reinterpret_cast<wchar_t*>(buffer);
+  std::copy_n(Wide(log_.Text()), length, target);
+  target[length] = L'\0';
+  return static_cast<LRESULT>(length);
+}
+
+// ---- Drawing.
+
+int KeyLogBox::RowsIn(const RECT& client) const {
+  return std::max<int>(client.bottom / rowHeight_, 1);
+}
+
+void KeyLogBox::OnPaint(HWND window) {
+  RECT client = ClientOf(window);
+  if (toEnd_) top_ = log_.LineCount();
+  toEnd_ = false;
+  ShowScrollBars(client);
+  client = ClientOf(window);  // a scroll bar may have come or gone
+  PAINTSTRUCT paint{};
+  const HDC context = BeginPaint(window, &paint);
+  const HGDIOBJ previous = SelectObject(context, font_);
+  PaintLines(context, client);
+  SelectObject(context, previous);
+  EndPaint(window, &paint);
+}
+
+void KeyLogBox::ShowScrollBars(const RECT& client) {
+  const int rows = RowsIn(client);
+  top_ = std::clamp(top_, 0, std::max(log_.LineCount() - rows, 0));
+  left_ = std::clamp<int>(left_, 0, std::max<int>(widest_ - client.right, 0));
+  // A bar that comes and goes would move the lines.
+  SetScrollBar(window_, SB_VERT, log_.LineCount(), rows, top_, SIF_DISABLENOSCROLL);
+  SetScrollBar(window_, SB_HORZ, widest_, client.right, left_, 0);
+}
+
+void KeyLogBox::PaintLines(HDC context, const RECT& client) {
+  const int widestBefore = widest_;
+  RECT row{0, 0, client.right, rowHeight_};
+  for (int line = top_; line < log_.LineCount() && row.top < client.bottom; ++line) {
+    PaintLine(context, line, row);
+    OffsetRect(&row, 0, rowHeight_);
+  }
+  Fill(context, {0, row.top, client.right, client.bottom}, COLOR_WINDOW);
+  // Only now is it known how far sideways one may have to go.
+  if (widest_ > widestBefore && widest_ > client.right) Invalidate();
+}
+
+COLORREF KeyLogBox::TextColour() const {
+  return textColour_ == kSystemColour ? GetSysColor(COLOR_WINDOWTEXT) : textColour_;
+}
+
+void KeyLogBox::PaintLine(HDC context, int line, const RECT& row) {
+  const std::u16string_view text = log_.Line(line);
+  const auto* const characters = reinterpret_cast<const wchar_t*>(text.data());
+  const int length = static_cast<int>(text.size());
+  SIZE size{};
+  GetTextExtentPoint32W(context, characters, length, &size);
+  widest_ = std::max<int>(widest_, size.cx + 2 * kTextMargin);
+  const bool selected = IsSelected(line);
+  SetTextColor(context, selected ? GetSysColor(COLOR_HIGHLIGHTTEXT) : TextColour());
+  SetBkColor(context, GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
+  ExtTextOutW(context, kTextMargin - left_, row.top, ETO_OPAQUE | ETO_CLIPPED, &row, characters,
+              static_cast<UINT>(length), nullptr);
+}
+
+// ---- Scrolling.
+
+void KeyLogBox::ScrollTo(int line) {
+  top_ = line;
+  Invalidate();
+}
+
+void KeyLogBox::OnVerticalScroll(int request) {
+  const int page = RowsIn(ClientOf(window_));
+  switch (request) {
+    case SB_LINEUP:
+      return ScrollTo(top_ - 1);
+    case SB_LINEDOWN:
+      return ScrollTo(top_ + 1);
+    case SB_PAGEUP:
+      return ScrollTo(top_ - page);
+    case SB_PAGEDOWN:
+      return ScrollTo(top_ + page);
+    case SB_TOP:
+      return ScrollTo(0);
+    case SB_BOTTOM:
+      return ScrollTo(log_.LineCount());
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+      return ScrollTo(ThumbPosition(window_, SB_VERT));
+    default:
+      return;
+  }
+}
+
+void KeyLogBox::OnHorizontalScroll(int request) {
+  const int page = ClientOf(window_).right;
+  switch (request) {
+    case SB_LINELEFT:
+      left_ -= kScrollStep;
+      break;
+    case SB_LINERIGHT:
+      left_ += kScrollStep;
+      break;
+    case SB_PAGELEFT:
+      left_ -= page;
+      break;
+    case SB_PAGERIGHT:
+      left_ += page;
+      break;
+    case SB_LEFT:
+      left_ = 0;
+      break;
+    case SB_RIGHT:
+      left_ = widest_;
+      break;
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+      left_ = ThumbPosition(window_, SB_HORZ);
+      break;
+    default:
+      return;
+  }
+  Invalidate();
+}
+
+void KeyLogBox::OnWheel(int delta) {
+  const int lines = WheelLines(RowsIn(ClientOf(window_)));
+  if (lines <= 0) return;
+  wheel_ += delta * lines;
+  ScrollTo(top_ - wheel_ / WHEEL_DELTA);
+  wheel_ %= WHEEL_DELTA;
+}
+
+// ---- Selecting with the mouse.
+
+int KeyLogBox::LineAt(int y) const {
+  const int row = y >= 0 ? y / rowHeight_ : -1;
+  return top_ + row;
+}
+
+void KeyLogBox::OnButtonDown(POINT where, bool extend) {
+  const int line = LineAt(where.y);
+  if (line >= log_.LineCount()) {
+    selection_.reset();
+  } else if (extend && selection_) {
+    selection_->active = line;
+  } else {
+    selection_ = Selection{line, line};
+  }
+  if (selection_) SetCapture(window_);
+  Invalidate();
+  Report(events.clicked);
+}
+
+void KeyLogBox::OnDrag(POINT where) {
+  if (!selection_ || log_.LineCount() == 0) return;
+  const RECT client = ClientOf(window_);
+  const int line = std::clamp(LineAt(where.y), 0, log_.LineCount() - 1);
+  selection_->active = line;
+  if (where.y < 0) return ScrollTo(line);
+  if (where.y >= client.bottom) return ScrollTo(top_ + 1);
+  Invalidate();
+}
+
+LRESULT KeyLogBox::OnContextMenu(LPARAM where) {
+  POINT point = PointOf(where);
+  // Asked for without the mouse.
+  if (where == -1) {
+    point = {};
+    ClientToScreen(window_, &point);
+  }
+  Report(events.menuWanted, point);
+  return 0;
+}
+
+}  // namespace deck

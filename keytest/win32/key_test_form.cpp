@@ -1,0 +1,298 @@
+#include "keytest/win32/key_test_form.h"
+
+#include <commdlg.h>
+#include <imm.h>
+
+#include <algorithm>
+#include <utility>
+
+#include "keytest/win32/key_test_menus.h"
+#include "platform/control_ids.h"
+#include "platform/scope_value.h"
+#include "platform/twips.h"
+#include "platform/win32/dpi.h"
+#include "platform/win32/fonts.h"
+#include "platform/win32/wide_text.h"
+#include "platform/win32/window_place.h"
+
+namespace deck {
+namespace {
+
+constexpr const wchar_t* kClassName = L"KeyTestForm";
+constexpr const wchar_t* kTitle = L"Key Tester";
+
+// Blue, green and red parts in this order, from the highest byte to the lowest.
+constexpr COLORREF kBlue = 0xFF0000;
+constexpr COLORREF kLit = 0x80C0FF;
+constexpr COLORREF kMenusShown = 0x00FF00;
+constexpr COLORREF kMenusHidden = 0x0000FF;
+constexpr COLORREF kWarningColour = 0xC0FFFF;
+
+constexpr UINT_PTR kTimer1 = 1;
+
+// The icon of the program, which has the lowest number.
+constexpr WORD kProgramIcon = 1;
+
+constexpr const wchar_t* kWarningText =
+    L"The controllers are not in programmed mode. Click here to read more.";
+
+void RegisterFormClass(WNDPROC procedure) {
+  WNDCLASSEXW description{};
+  description.cbSize = sizeof description;
+  description.lpfnWndProc = procedure;
+  description.hInstance = GetModuleHandleW(nullptr);
+  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
+  description.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
+  description.lpszClassName = kClassName;
+  RegisterClassExW(&description);  // fails harmlessly when it was done before
+}
+
+HWND CreateLabel(HWND parent, ControlId id, const wchar_t* text, DWORD style) {
+  return CreateWindowExW(0, L"STATIC", text,
+                         WS_CHILD | WS_VISIBLE | SS_CENTERIMAGE | SS_NOPREFIX | style, 0, 0, 0, 0,
+                         parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+                         GetModuleHandleW(nullptr), nullptr);
+}
+
+IconHandle LoadProgramIcon(int widthMetric, int heightMetric, int dpi) {
+  return IconHandle(static_cast<HICON>(
+      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon), IMAGE_ICON,
+                 SystemMetric(widthMetric, dpi), SystemMetric(heightMetric, dpi), 0)));
+}
+
+Rectangle FromRect(const RECT& rect) {
+  return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+RECT ToRect(const Rectangle& rectangle) {
+  return {rectangle.left, rectangle.top, rectangle.right(), rectangle.bottom()};
+}
+
+Rectangle PixelsOf(const WindowPlacement& placement, int dpi) {
+  return {PixelsFromTwips(placement.left, dpi), PixelsFromTwips(placement.top, dpi),
+          PixelsFromTwips(placement.width, dpi), PixelsFromTwips(placement.height, dpi)};
+}
+
+Rectangle OntoAMonitor(const Rectangle& window) {
+  const RECT rect = ToRect(window);
+  return IsOnAMonitor(rect) ? window : MovedInto(window, FromRect(WorkAreaNear(rect)));
+}
+
+void Move(HWND window, const Rectangle& place) {
+  SetWindowPos(window, nullptr, place.left, place.top, place.width, place.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+std::u16string TextOf(HWND window) {
+  std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
+  text.resize(
+      static_cast<std::size_t>(GetWindowTextW(window, text.data(), static_cast<int>(text.size()))));
+  return FromWide(text);
+}
+
+}  // namespace
+
+KeyTestForm::KeyTestForm(MessageLoop& loop) : eventsBox_(kBlue), namesBox_(kSystemColour) {
+  RegisterFormClass(Procedure);
+  JoinBox(KeyBox::kEvents);
+  JoinBox(KeyBox::kNames);
+  loop.AddFilter([this](MSG& message) { return Filter(message); });
+}
+
+KeyTestForm::~KeyTestForm() {
+  Close();
+}
+
+void KeyTestForm::JoinBox(KeyBox box) {
+  KeyLogBox::Events& boxEvents = Box(box).events;
+  boxEvents.key = [this](UINT message, WPARAM wParam, LPARAM) { return OnKey(message, wParam); };
+  boxEvents.clicked = [this] { SetFocus(namesBox_.Handle()); };
+  boxEvents.entered = [this] { Report(events.boxEntered); };
+  boxEvents.menuWanted = [this, box](POINT where) { OnBoxMenu(box, where); };
+}
+
+// ---- KeyTestView.
+
+void KeyTestForm::Open() {
+  look_ = {};
+  menuBar_ = MakeKeyTestMenuBar();
+  CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                  CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, menuBar_,
+                  GetModuleHandleW(nullptr), this);
+}
+
+void KeyTestForm::Show() {
+  ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
+  SetForegroundWindow(window_);
+}
+
+void KeyTestForm::Close() {
+  if (window_ == nullptr) return;
+  // A window that is not known any more reports nothing.
+  const HWND window = std::exchange(window_, nullptr);
+  ShowMenuBar(window, true);  // so that the menus end with it
+  DestroyWindow(window);
+}
+
+void KeyTestForm::Append(KeyBox box, const std::u16string& line) {
+  Box(box).Append(line);
+}
+
+void KeyTestForm::Clear(KeyBox box) {
+  Box(box).Clear();
+}
+
+std::u16string KeyTestForm::Text(KeyBox box) const {
+  return Box(box).Log().Text();
+}
+
+std::u16string KeyTestForm::SelectedText(KeyBox box) const {
+  return std::u16string(Box(box).SelectedText());
+}
+
+void KeyTestForm::SetLamps(const KeyLamps& lamps) {
+  ColourLabel(kShift, lamps.shift ? kLit : kSystemColour);
+  ColourLabel(kControl, lamps.control ? kLit : kSystemColour);
+  ColourLabel(kAlt, lamps.alt ? kLit : kSystemColour);
+  ColourLabel(kNumLock, lamps.numLock ? kLit : kSystemColour);
+}
+
+void KeyTestForm::SetLook(const KeyTestLook& look) {
+  look_ = look;
+  TickKeyTestMenus(menuBar_, look);
+  ShowMenuBar(window_, look.menusShown);
+  ColourLabel(kMenus, look.menusShown ? kMenusShown : kMenusHidden);
+  SetWindowTextW(labels_[kHeading], Wide(look.heading));
+  ShowWindow(labels_[kWarning], look.modeWarning ? SW_SHOWNA : SW_HIDE);
+  ShowWindow(eventsBox_.Handle(), look.viewAll ? SW_SHOWNA : SW_HIDE);
+  Arrange();
+}
+
+void KeyTestForm::SetTimer1(int milliseconds) {
+  if (milliseconds > 0) {
+    SetTimer(window_, kTimer1, static_cast<UINT>(milliseconds), nullptr);
+  } else {
+    KillTimer(window_, kTimer1);
+  }
+}
+
+WindowPlacement KeyTestForm::Placement() const {
+  const Rectangle place = FromRect(NormalPlaceOf(window_));
+  return {.left = TwipsFromPixels(place.left, dpi_),
+          .top = TwipsFromPixels(place.top, dpi_),
+          .width = TwipsFromPixels(place.width, dpi_),
+          .height = TwipsFromPixels(place.height, dpi_)};
+}
+
+void KeyTestForm::Place(const WindowPlacement& placement) {
+  // The monitor it goes to decides how large a twip is.
+  const Rectangle guess = OntoAMonitor(PixelsOf(placement, dpi_));
+  const Rectangle place = OntoAMonitor(PixelsOf(placement, DpiAt(ToRect(guess))));
+  const ScopeValue placing(placing_, true);
+  Move(window_, place);
+}
+
+// ---- Parts of the window.
+
+void KeyTestForm::OnCreate() {
+  dpi_ = DpiOf(window_);
+  constexpr DWORD kLamp = SS_CENTER | SS_SUNKEN;
+  labels_ = {CreateLabel(window_, ControlId::kLabelSHIFT, L"SHIFT", kLamp),
+             CreateLabel(window_, ControlId::kLabelCTRL, L"CTRL", kLamp),
+             CreateLabel(window_, ControlId::kLabelALT, L"ALT", kLamp),
+             CreateLabel(window_, ControlId::kLabelNUMLOCK, L"NUM LOCK", kLamp),
+             CreateLabel(window_, ControlId::kLabel1, L"Menus", SS_CENTER | SS_NOTIFY),
+             CreateLabel(window_, ControlId::kLabel3, L"", 0),
+             CreateLabel(window_, ControlId::kLblModeWarning, kWarningText,
+                         SS_CENTER | SS_NOTIFY | SS_ENDELLIPSIS)};
+  colours_.fill(kSystemColour);
+  ColourLabel(kWarning, kWarningColour);
+  eventsBox_.Create(window_, static_cast<int>(ControlId::kRTFKeysText));
+  namesBox_.Create(window_, static_cast<int>(ControlId::kRTFKeysDownText));
+  // Keys are to arrive as they are, and not as parts of a composition.
+  ImmAssociateContextEx(window_, nullptr, IACE_CHILDREN);
+  SetFonts();
+  SetIcons();
+}
+
+void KeyTestForm::SetFonts() {
+  FontHandle labelFont = MakeFont(MessageFont(dpi_));
+  LOGFONTW box = chosenFont_ ? *chosenFont_ : MessageFont(dpi_);
+  if (chosenFont_) box.lfHeight = -MulDiv(chosenSize_, dpi_, 720);
+  FontHandle boxFont = MakeFont(box);
+  for (const HWND label : labels_) {
+    SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(labelFont.Get()), TRUE);
+  }
+  eventsBox_.SetFont(boxFont.Get());
+  namesBox_.SetFont(boxFont.Get());
+  // Only now are the old ones out of use.
+  labelFont_ = std::move(labelFont);
+  boxFont_ = std::move(boxFont);
+}
+
+void KeyTestForm::SetIcons() {
+  IconHandle large = LoadProgramIcon(SM_CXICON, SM_CYICON, dpi_);
+  IconHandle small = LoadProgramIcon(SM_CXSMICON, SM_CYSMICON, dpi_);
+  SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large.Get()));
+  SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
+  largeIcon_ = std::move(large);
+  smallIcon_ = std::move(small);
+}
+
+void KeyTestForm::ChooseFonts() {
+  const HWND window = window_;
+  LOGFONTW font{};
+  GetObjectW(boxFont_.Get(), sizeof font, &font);
+  CHOOSEFONTW choice{};
+  choice.lStructSize = sizeof choice;
+  choice.hwndOwner = window;
+  choice.lpLogFont = &font;
+  choice.Flags = CF_SCREENFONTS | CF_INITTOLOGFONTSTRUCT | CF_NOVERTFONTS;
+  // The window may be closed while its dialog is open.
+  if (!ChooseFontW(&choice) || window_ != window) return;
+  chosenFont_ = font;
+  chosenSize_ = choice.iPointSize;
+  SetFonts();
+  Arrange();
+}
+
+void KeyTestForm::ShowMenuBar(HWND window, bool shown) {
+  const HMENU wanted = shown ? menuBar_ : nullptr;
+  if (GetMenu(window) != wanted) SetMenu(window, wanted);
+}
+
+void KeyTestForm::ColourLabel(Label label, COLORREF colour) {
+  if (colours_[label] == colour) return;
+  colours_[label] = colour;
+  brushes_[label] = BrushHandle(colour == kSystemColour ? nullptr : CreateSolidBrush(colour));
+  InvalidateRect(labels_[label], nullptr, TRUE);
+}
+
+void KeyTestForm::Arrange() {
+  // A minimised window has no room; what was laid out before comes back with it.
+  if (IsIconic(window_)) return;
+  RECT client{};
+  GetClientRect(window_, &client);
+  const TextMeasure measure(window_, labelFont_.Get());
+  const auto width = [&](Label label) { return measure.Width(TextOf(labels_[label])); };
+  const KeyTestLayout layout =
+      ResizeStuff({.clientWidth = client.right,
+                   .clientHeight = client.bottom,
+                   .lineHeight = measure.LineHeight(),
+                   .lampWidths = {width(kShift), width(kControl), width(kAlt), width(kNumLock)},
+                   .menusWidth = width(kMenus),
+                   .headingWidth = width(kHeading),
+                   .warningWidth = width(kWarning),
+                   .viewAll = look_.viewAll,
+                   .dpi = dpi_});
+  for (std::size_t lamp = 0; lamp < layout.lamps.size(); ++lamp) {
+    Move(labels_[lamp], layout.lamps[lamp]);
+  }
+  Move(labels_[kMenus], layout.menus);
+  Move(labels_[kHeading], layout.heading);
+  Move(labels_[kWarning], layout.warning);
+  Move(eventsBox_.Handle(), layout.events);
+  Move(namesBox_.Handle(), layout.names);
+}
+
+}  // namespace deck

@@ -1,6 +1,7 @@
 #include <utility>
 
 #include "tests/contract/worlds.h"
+#include "tests/fakes/fake_clipboard.h"
 #include "tests/fakes/fake_code_page.h"
 #include "tests/fakes/fake_event_loop.h"
 #include "tests/fakes/fake_file_dialogs.h"
@@ -110,6 +111,18 @@ class FakePromptsWorld : public PromptsWorld {
   FakePrompts prompts_;
 };
 
+class FakeClipboardWorld : public ClipboardWorld {
+ public:
+  Clipboard& Port() override { return clipboard_; }
+  void PutByOthers(std::u16string_view text) override { clipboard_.PutByOthers(text); }
+  void PutPicture() override { clipboard_.PutPicture(); }
+  std::u16string SeenByOthers() const override { return clipboard_.SeenByOthers().value(); }
+  void KeepOpen(bool open) override { clipboard_.busy = open; }
+
+ private:
+  FakeClipboard clipboard_;
+};
+
 class FakeFileDialogsWorld : public FileDialogsWorld {
  public:
   FileDialogs& Port() override { return dialogs_; }
@@ -149,6 +162,9 @@ std::unique_ptr<KeyboardWorld> MakeKeyboardWorld() {
 }
 std::unique_ptr<PromptsWorld> MakePromptsWorld() {
   return std::make_unique<FakePromptsWorld>();
+}
+std::unique_ptr<ClipboardWorld> MakeClipboardWorld() {
+  return std::make_unique<FakeClipboardWorld>();
 }
 std::unique_ptr<FileDialogsWorld> MakeFileDialogsWorld() {
   return std::make_unique<FakeFileDialogsWorld>();

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/clipboard.h"
 #include "platform/code_page.h"
 #include "platform/event_loop.h"
 #include "platform/file_dialogs.h"
@@ -104,6 +105,18 @@ class PromptsWorld {
   virtual std::u16string SeenTitle() const = 0;
 };
 std::unique_ptr<PromptsWorld> MakePromptsWorld();
+
+class ClipboardWorld {
+ public:
+  virtual ~ClipboardWorld() = default;
+  virtual Clipboard& Port() = 0;
+  // As another program would.
+  virtual void PutByOthers(std::u16string_view text) = 0;
+  virtual void PutPicture() = 0;
+  virtual std::u16string SeenByOthers() const = 0;
+  virtual void KeepOpen(bool open) = 0;
+};
+std::unique_ptr<ClipboardWorld> MakeClipboardWorld();
 
 class FileDialogsWorld {
  public:

@@ -17,6 +17,7 @@ class FakeClipboard : public Clipboard {
   // Another program puts text there, with whatever line breaks, or something that is no text.
   void PutByOthers(std::u16string_view text) { content_ = text; }
   void PutPicture() { content_.reset(); }
+  const std::optional<std::u16string>& SeenByOthers() const { return content_; }
 
   // Another program keeps the clipboard open.
   bool busy = false;

@@ -41,7 +41,10 @@ Editor::Editor(const EditorPorts& ports)
                   {ports.files, ports.programs, ports.events}),
       help_(settings_, helpFile_, {ports.files, ports.prompts, ports.programs, ports.help}),
       quickHelp_(status_, settings_, {ports.files, ports.profiles, ports.infoWindow}),
-      print_(documents_, status_, ports.prompts, ports.printer) {
+      print_(documents_, status_, ports.prompts, ports.printer),
+      blockRem_(documents_),
+      alignment_(documents_, status_, settings_, {ports.files, ports.codePage, ports.window}),
+      edit_(documents_, ports.clipboard) {
   JoinFeatures();
   FillHandlers();
 }
@@ -173,6 +176,16 @@ void Editor::FillHandlers() {
       {CommandId::kPrinterSetup, [this] { print_.mnuPrinterSetup(); }},
       {CommandId::kClearRecentFiles, [this] { recentFiles_.Clear(); }},
       {CommandId::kExit, [this] { ports_.window.Close(); }},
+      {CommandId::kUndo, [this] { edit_.mnuUndo(); }},
+      {CommandId::kCut, [this] { edit_.mnuEditCCP(EditCommands::Item::kCut); }},
+      {CommandId::kCopy, [this] { edit_.mnuEditCCP(EditCommands::Item::kCopy); }},
+      {CommandId::kPaste, [this] { edit_.mnuEditCCP(EditCommands::Item::kPaste); }},
+      {CommandId::kDelete, [this] { edit_.mnuEditCCP(EditCommands::Item::kDelete); }},
+      {CommandId::kSelectAll, [this] { edit_.mnuEditSelAll(); }},
+      {CommandId::kRefreshFonts, [this] { edit_.mnuRefreshFonts(); }},
+      {CommandId::kBlockRem, [this] { blockRem_.REMblock(); }},
+      {CommandId::kBlockUnRem, [this] { blockRem_.REMunblock(); }},
+      {CommandId::kAlignSlashes, [this] { alignment_.RemoveSpaces(); }},
       {CommandId::kViewMacros, [this] { macros_.ToggleViewMacros(); }},
       {CommandId::kUpdateMacroList, [this] { macros_.UpdateMacroList(); }},
       {CommandId::kIndentWhenAligning, [this] { ToggleIndentWhenAligning(); }},
@@ -219,6 +232,15 @@ void Editor::ShowTick(CommandId command, bool ticked) {
 void Editor::ToggleIndentWhenAligning() {
   settings_.IndentAsWell = settings_.IndentAsWell == 1 ? 0 : 1;
   ShowTick(CommandId::kIndentWhenAligning, settings_.IndentAsWell == 1);
+}
+
+void Editor::ShowEditCommands() {
+  const bool enabled = edit_.HasSelection();
+  for (const CommandId command : {CommandId::kCut, CommandId::kCopy, CommandId::kDelete}) {
+    ports_.window.SetCommand(command, {.enabled = enabled,
+                                       .caption = std::u16string(FindCommand(command)->caption),
+                                       .menuItemOnly = true});
+  }
 }
 
 void Editor::Execute(CommandId command) {
@@ -271,7 +293,9 @@ void Editor::OnFilesDropped(const std::vector<std::u16string>& paths) {
   for (const std::u16string& path : paths) files_.OpenPreviouslySavedFiles(path);
 }
 
-void Editor::OnMenuOpening(Menu) {}
+void Editor::OnMenuOpening(Menu menu) {
+  if (menu == Menu::kEdit) ShowEditCommands();
+}
 
 void Editor::OnTimer(TimerId timer) {
   switch (timer) {

@@ -27,6 +27,7 @@
 #include "help/info_window_view.h"
 #include "help/quick_help.h"
 #include "macros/macro_panel.h"
+#include "platform/clipboard.h"
 #include "platform/code_page.h"
 #include "platform/event_loop.h"
 #include "platform/file_dialogs.h"
@@ -40,6 +41,9 @@
 #include "platform/programs.h"
 #include "platform/prompts.h"
 #include "platform/system_info.h"
+#include "tools/block_rem.h"
+#include "tools/edit_commands.h"
+#include "tools/remove_spaces.h"
 
 namespace deck {
 
@@ -58,6 +62,7 @@ struct EditorPorts {
   HelpSystem& help;
   InfoWindowView& infoWindow;
   Printer& printer;
+  Clipboard& clipboard;
 };
 
 class Editor {
@@ -111,6 +116,7 @@ class Editor {
   void ShowCommands();
   void ShowTick(CommandId command, bool ticked);
   void ToggleIndentWhenAligning();
+  void ShowEditCommands();
   void OpenRecentFile(std::size_t index);
   void ShowInfoPage(int index);
 
@@ -134,6 +140,9 @@ class Editor {
   HelpCommands help_;
   QuickHelp quickHelp_;
   PrintCommand print_;
+  BlockRem blockRem_;
+  SlashAlignment alignment_;
+  EditCommands edit_;
   std::map<CommandId, std::function<void()>> handlers_;
 
   bool closing_ = false;

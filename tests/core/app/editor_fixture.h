@@ -9,6 +9,7 @@
 
 #include "app/editor.h"
 #include "platform/strings.h"
+#include "tests/fakes/fake_clipboard.h"
 #include "tests/fakes/fake_code_page.h"
 #include "tests/fakes/fake_edit_box.h"
 #include "tests/fakes/fake_event_loop.h"
@@ -91,8 +92,9 @@ class EditorFixture : public testing::Test {
   FakeHelpSystem help;
   FakeInfoWindowView infoWindow;
   FakePrinter printer;
-  EditorPorts ports{view,   panel,    files,    profiles, dialogs, prompts,    programs,
-                    events, keyboard, codePage, system,   help,    infoWindow, printer};
+  FakeClipboard clipboard;
+  EditorPorts ports{view,     panel,    files,  profiles, dialogs,    prompts, programs, events,
+                    keyboard, codePage, system, help,     infoWindow, printer, clipboard};
   Editor editor{ports};
 };
 

@@ -131,7 +131,7 @@ TEST_F(StartTest, IgnoresACommandLineThatNamesNoFile) {
     FakeMainWindowView otherView;
     otherView.makeEditBox = view.makeEditBox;
     Editor other{{otherView, panel, files, profiles, dialogs, prompts, programs, events, keyboard,
-                  codePage, system, help, infoWindow, printer}};
+                  codePage, system, help, infoWindow, printer, clipboard}};
     ASSERT_TRUE(other.Load(kHostFolder, line));
     EXPECT_EQ(otherView.Captions(), Captions{u"Untitled"});
   }

@@ -121,6 +121,7 @@ void MainWindow::CreateParts() {
   tabEvents.clicked = [this](int position) { Report(events.tabClicked, position); };
   tabEvents.middleClicked = [this](int position) { Report(events.tabMiddleClicked, position); };
   tabEvents.hovered = [this](int position) { Report(events.tabHovered, position); };
+  toolbar_.emplace(window_, [this](CommandId command) { Report(events.toolbarHovered, command); });
   tabs_.emplace(window_, std::move(tabEvents));
   macroPanel_.emplace(window_);
   macroPanel_->events.splitterMoved = [this](int width) { PositionControls(width); };
@@ -135,6 +136,7 @@ void MainWindow::CreateParts() {
 void MainWindow::SetFonts() {
   FontHandle tabFont = MakeFont(MessageFont(dpi_));
   FontHandle statusFont = MakeFont(StatusFont(dpi_));
+  toolbar_->SetDpi(dpi_);
   tabs_->SetFont(tabFont.Get(), dpi_);
   status_->SetFont(statusFont.Get(), dpi_);
   macroPanel_->SetFont(MessageFont(dpi_), dpi_);
@@ -196,6 +198,11 @@ void MainWindow::SetPanelToolTip(int panel, const std::u16string& text) {
 
 void MainWindow::SetCommand(CommandId command, const CommandState& state) {
   menu_.SetCommand(command, state);
+  if (!state.menuItemOnly) toolbar_->SetCommand(command, state);
+}
+
+void MainWindow::ShowToolTips(bool show) {
+  toolbar_->ShowToolTips(show);
 }
 
 void MainWindow::SetRecentFiles(const std::vector<std::u16string>& paths) {
@@ -252,15 +259,6 @@ void MainWindow::Close() {
 
 // ---- Layout.
 
-std::vector<HWND> MainWindow::EditBoxes() const {
-  std::vector<HWND> boxes;
-  for (HWND child = GetWindow(window_, GW_CHILD); child != nullptr;
-       child = GetWindow(child, GW_HWNDNEXT)) {
-    if (GetDlgCtrlID(child) == static_cast<int>(ControlId::kText1)) boxes.push_back(child);
-  }
-  return boxes;
-}
-
 void MainWindow::Arrange() {
   // A minimised window has no room; what was laid out before comes back with it.
   if (IsIconic(window_)) return;
@@ -269,16 +267,18 @@ void MainWindow::Arrange() {
   GetClientRect(window_, &client);
   layout_ = deck::PositionControls({.clientWidth = client.right,
                                     .clientHeight = client.bottom,
-                                    .toolbarHeight = ToolbarHeight(),
+                                    .toolbarHeight = toolbar_->Height(),
                                     .statusBarHeight = status_->Height(),
                                     .macroFrameWidth = macroFrameWidth_,
                                     .dpi = dpi_});
-  const std::vector<HWND> boxes = EditBoxes();
-  HDWP moves = BeginDeferWindowPos(static_cast<int>(boxes.size()) + 2);
+  HDWP moves = BeginDeferWindowPos(static_cast<int>(editBoxes_.boxes.size()) + 3);
+  moves = Move(moves, toolbar_->Handle(), {0, 0, client.right, toolbar_->Height()});
   moves = Move(moves, macroPanel_->Handle(), layout_.macroFrame,
                layout_.macroFrame.width > 0 ? SWP_SHOWWINDOW : SWP_HIDEWINDOW);
   moves = Move(moves, tabs_->Handle(), layout_.tabStrip);
-  for (const HWND box : boxes) moves = Move(moves, box, layout_.editBox);
+  for (const RichEditBox* box : editBoxes_.boxes) {
+    if (box->Window() != nullptr) moves = Move(moves, box->Window(), layout_.editBox);
+  }
   EndDeferWindowPos(moves);
 }
 

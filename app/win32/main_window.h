@@ -17,6 +17,7 @@
 #include "app/win32/menu_bar.h"
 #include "app/win32/status_bar_control.h"
 #include "app/win32/tab_strip.h"
+#include "app/win32/toolbar.h"
 #include "documents/layout.h"
 #include "documents/win32/rich_edit_box.h"
 #include "macros/win32/macro_panel_window.h"
@@ -36,6 +37,7 @@ class MainWindow : public MainWindowView {
     std::function<void(int position)> tabMiddleClicked;
     std::function<void(int position)> tabHovered;
     std::function<void()> statusBarHovered;
+    std::function<void(CommandId command)> toolbarHovered;
     std::function<void(const std::vector<std::u16string>& paths)> filesDropped;
     std::function<void(TimerId timer)> timer;
     std::function<void()> focused;
@@ -72,6 +74,7 @@ class MainWindow : public MainWindowView {
   void SetPanel(int panel, const std::u16string& text) override;
   void SetPanelToolTip(int panel, const std::u16string& text) override;
   void SetCommand(CommandId command, const CommandState& state) override;
+  void ShowToolTips(bool show) override;
   void SetRecentFiles(const std::vector<std::u16string>& paths) override;
   void PositionControls(int macroFrameWidth) override;
   void Refresh() override;
@@ -92,8 +95,10 @@ class MainWindow : public MainWindowView {
   void OnCreate();
   void OnSize(WPARAM kind);
   void OnMinMaxInfo(MINMAXINFO& info) const;
+  void OnSettingChange(WPARAM setting);
   void OnDpiChanged(int dpi, const RECT& suggested);
   void OnCommand(WPARAM wParam, LPARAM lParam);
+  bool OnNotify(NMHDR& header);
   std::optional<LRESULT> OnMenuChar(WPARAM wParam);
   void OnFilesDropped(const std::vector<std::u16string>& paths);
   void OnTimer(WPARAM timer);
@@ -109,9 +114,7 @@ class MainWindow : public MainWindowView {
   void SetFonts();
   void SetIcons();
   void Arrange();
-  int ToolbarHeight() const { return 0; }
   void ReportKeysAndClock();
-  std::vector<HWND> EditBoxes() const;
 
   template <class... Arguments>
   static void Report(const std::function<void(Arguments...)>& event,
@@ -126,6 +129,7 @@ class MainWindow : public MainWindowView {
   IconHandle largeIcon_;
   IconHandle smallIcon_;
   MenuBar menu_;
+  std::optional<Toolbar> toolbar_;
   std::optional<TabStrip> tabs_;
   std::optional<StatusBarControl> status_;
   std::optional<MacroPanelWindow> macroPanel_;

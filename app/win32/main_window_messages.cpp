@@ -83,14 +83,13 @@ std::optional<LRESULT> MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lP
       OnDpiChanged(HIWORD(wParam), *reinterpret_cast<RECT*>(lParam));
       return 0;
     case WM_SETTINGCHANGE:
-      SetFonts();
-      Arrange();
+      OnSettingChange(wParam);
       return std::nullopt;
     case WM_COMMAND:
       OnCommand(wParam, lParam);
       return 0;
     case WM_NOTIFY:
-      if (tabs_ && tabs_->OnNotify(*reinterpret_cast<NMHDR*>(lParam))) return 0;
+      if (OnNotify(*reinterpret_cast<NMHDR*>(lParam))) return 0;
       return std::nullopt;
     case WM_INITMENUPOPUP:
       Report(events.menuOpening, menu_.MenuOf(reinterpret_cast<HMENU>(wParam)));
@@ -140,9 +139,16 @@ void MainWindow::OnMinMaxInfo(MINMAXINFO& info) const {
   info.ptMinTrackSize = {ScaleToDpi(kLeastWidth, dpi_), ScaleToDpi(kLeastHeight, dpi_)};
 }
 
+void MainWindow::OnSettingChange(WPARAM setting) {
+  if (setting != SPI_SETNONCLIENTMETRICS) return;
+  SetFonts();
+  Arrange();
+}
+
 void MainWindow::OnDpiChanged(int dpi, const RECT& suggested) {
   dpi_ = dpi;
   SetFonts();
+  for (RichEditBox* box : editBoxes_.boxes) box->SetDpi(dpi_);
   if (!placing_) {
     SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
@@ -151,10 +157,18 @@ void MainWindow::OnDpiChanged(int dpi, const RECT& suggested) {
 }
 
 void MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
-  // Notices of controls come with their window; commands of menu and shortcuts do not.
-  if (lParam == 0 && IsUsable()) {
+  // Notices of controls come with their window; commands of menu and shortcuts do not, and those of
+  // the toolbar's buttons are the same commands.
+  const auto sender = reinterpret_cast<HWND>(lParam);
+  const bool isCommand = sender == nullptr || (toolbar_ && sender == toolbar_->Handle());
+  if (isCommand && IsUsable()) {
     Report(events.execute, static_cast<CommandId>(LOWORD(wParam)));
   }
+}
+
+bool MainWindow::OnNotify(NMHDR& header) {
+  // The controls report while they are made, too.
+  return (tabs_ && tabs_->OnNotify(header)) || (toolbar_ && toolbar_->OnNotify(header));
 }
 
 std::optional<LRESULT> MainWindow::OnMenuChar(WPARAM wParam) {

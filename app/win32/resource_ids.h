@@ -4,3 +4,6 @@
 
 // The system shows the icon with the lowest number as the program's own.
 #define IDI_WRENDECK 1
+
+// The image of the toolbar's button number n is IDI_TOOLBAR + n.
+#define IDI_TOOLBAR 200

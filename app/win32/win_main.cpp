@@ -94,6 +94,7 @@ class Connection {
     events.tabClicked = [&editor](int position) { editor.OnTabClicked(position); };
     events.tabMiddleClicked = [&editor](int position) { editor.OnTabMiddleClicked(position); };
     events.tabHovered = [&editor](int position) { editor.OnTabHovered(position); };
+    events.toolbarHovered = [&editor](CommandId command) { editor.OnToolbarHovered(command); };
     events.statusBarHovered = [&editor] { editor.OnStatusBarHovered(); };
     events.filesDropped = [&editor](const std::vector<std::u16string>& paths) {
       editor.OnFilesDropped(paths);

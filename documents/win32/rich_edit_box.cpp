@@ -56,9 +56,11 @@ RichEditBox::RichEditBox(EditBoxSettings& settings, HWND parent, int controlId, 
   dropTarget_ = new EditDropTarget(std::move(receiver));
   SetWindowSubclass(parent_, ParentProcedure, kSubclassId, 0);
   Attach(CreateRichEdit(parent_, controlId_, RECT{}, font_.Get()));
+  settings_.boxes.push_back(this);
 }
 
 RichEditBox::~RichEditBox() {
+  std::erase(settings_.boxes, this);
   rebuilding_ = true;
   dropTarget_->Disconnect();
   if (control_ != nullptr) DestroyWindow(control_);

@@ -31,8 +31,11 @@
 
 namespace deck {
 
+class RichEditBox;
+
 // What the boxes of one window share; owned by the window, outlives them.
 struct EditBoxSettings {
+  std::vector<RichEditBox*> boxes;  // those that live, oldest first; they keep the list themselves
   EditFonts fonts;
   // False: typing replaces the character behind the caret. The insert key switches it.
   bool insertMode = true;
@@ -97,11 +100,10 @@ class RichEditBox final : public EditBox {
   std::optional<LRESULT> OnEditMessage(UINT message);
   bool OnKeyDown(int key);
   void OnCharacter(char16_t character);
-  void OnPointerMoved(POINT pointer);
   void OnContextMenu(POINT where);
   void OnDroppedText(POINT where, const std::u16string& text);
   void Do(EditKeyAction action);
-  void EraseCharacter(bool behindCaret);
+  void Erase(TextSpan (*besideCaret)(std::u16string_view text, int position));
   void SelectAll();
   void Copy();
   void Cut();
@@ -120,9 +122,8 @@ class RichEditBox final : public EditBox {
   HWND control_ = nullptr;
   UndoableText text_;
   bool visible_ = false;
-  bool updating_ = false;      // the control changes because this object changes it
-  bool rebuilding_ = false;    // the focus goes from the old control to the new one
-  POINT lastPointer_{-1, -1};  // in client coordinates
+  bool updating_ = false;    // the control changes because this object changes it
+  bool rebuilding_ = false;  // the focus goes from the old control to the new one
 };
 
 }  // namespace deck

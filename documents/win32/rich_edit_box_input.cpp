@@ -10,9 +10,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "documents/erase_spans.h"
 #include "documents/win32/edit_clipboard.h"
 #include "documents/win32/edit_context_menu.h"
 #include "platform/text_edits.h"
+#include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
 
 namespace deck {
@@ -26,26 +28,8 @@ bool IsDown(int key) {
   return GetKeyState(key) < 0;
 }
 
-bool IsHighSurrogate(char16_t unit) {
-  return unit >= 0xD800 && unit < 0xDC00;
-}
 bool IsLowSurrogate(char16_t unit) {
   return unit >= 0xDC00 && unit < 0xE000;
-}
-
-// Units of the character at the position; 0 at the end of the text.
-int CharacterBehind(const std::u16string& text, int position) {
-  const std::size_t at = static_cast<std::size_t>(position);
-  if (at >= text.size()) return 0;
-  const bool pair =
-      at + 1 < text.size() && IsHighSurrogate(text[at]) && IsLowSurrogate(text[at + 1]);
-  return pair ? 2 : 1;
-}
-
-// Units of the character that ends at the position; 0 at the start of the text.
-int CharacterBefore(const std::u16string& text, int position) {
-  if (position == 0) return 0;
-  return position > 1 && CharacterBehind(text, position - 2) == 2 ? 2 : 1;
 }
 
 EditKeyAction ActionOf(EditMenuCommand command) {
@@ -147,7 +131,7 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     }
     case WM_MOUSEMOVE:
-      OnPointerMoved({GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)});
+      if (HasPointerMoved(control_, lParam)) Raise(events_.mouseMoved);
       break;
     case WM_MOUSEWHEEL:
       // With the control key it would change the size of the text, which nothing could set back.
@@ -214,18 +198,11 @@ bool RichEditBox::OnKeyDown(int key) {
 }
 
 void RichEditBox::OnCharacter(char16_t character) {
-  if (!IsTypedText(character)) return;
+  if (!IsTypedText(character, IsDown(VK_CONTROL), IsDown(VK_MENU))) return;
   TakeOverWhatWasMissed();
   const TextSpan span = TypedOver(character);
   const std::u16string typed(1, character == u'\r' ? u'\n' : character);
   Change({{span, typed}}, {span.start + 1, 0}, EditKind::kTyping);
-}
-
-void RichEditBox::OnPointerMoved(POINT pointer) {
-  // Windows that open and close send the message too, without a movement.
-  if (pointer.x == lastPointer_.x && pointer.y == lastPointer_.y) return;
-  lastPointer_ = pointer;
-  Raise(events_.mouseMoved);
 }
 
 void RichEditBox::OnContextMenu(POINT where) {
@@ -248,10 +225,16 @@ void RichEditBox::OnDroppedText(POINT where, const std::u16string& text) {
 void RichEditBox::Do(EditKeyAction action) {
   switch (action) {
     case EditKeyAction::kEraseBefore:
-      EraseCharacter(false);
+      Erase(CharacterBefore);
       break;
     case EditKeyAction::kEraseBehind:
-      EraseCharacter(true);
+      Erase(CharacterBehind);
+      break;
+    case EditKeyAction::kEraseWordBefore:
+      Erase(WordBefore);
+      break;
+    case EditKeyAction::kEraseWordBehind:
+      Erase(WordBehind);
       break;
     case EditKeyAction::kSelectAll:
       SelectAll();
@@ -282,19 +265,17 @@ void RichEditBox::Do(EditKeyAction action) {
   }
 }
 
-void RichEditBox::EraseCharacter(bool behindCaret) {
+// The selection or, without one, what lies on one side of the caret.
+void RichEditBox::Erase(TextSpan (*besideCaret)(std::u16string_view text, int position)) {
   TakeOverWhatWasMissed();
   const TextSpan selection = Selection();
   if (selection.length > 0) {
     ReplaceSelection(u"");
     return;
   }
-  const int caret = selection.start;
-  const int length =
-      behindCaret ? CharacterBehind(text_.text(), caret) : CharacterBefore(text_.text(), caret);
-  if (length == 0) return;
-  const int start = behindCaret ? caret : caret - length;
-  Change({{{start, length}, u""}}, {start, 0}, EditKind::kErasing);
+  const TextSpan span = besideCaret(text_.text(), selection.start);
+  if (span.length == 0) return;
+  Change({{span, u""}}, {span.start, 0}, EditKind::kErasing);
 }
 
 void RichEditBox::SelectAll() {
@@ -328,7 +309,7 @@ TextSpan RichEditBox::TypedOver(char16_t character) const {
   }
   const std::size_t caret = static_cast<std::size_t>(selection.start);
   const bool atLineEnd = caret >= text_.text().size() || text_.text()[caret] == u'\n';
-  return {selection.start, atLineEnd ? 0 : CharacterBehind(text_.text(), selection.start)};
+  return atLineEnd ? selection : CharacterBehind(text_.text(), selection.start);
 }
 
 std::u16string RichEditBox::SelectedText() const {

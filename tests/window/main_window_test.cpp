@@ -156,6 +156,28 @@ TEST_F(MainWindowTest, NewResolutionScalesOffsetsFontsAndPanel) {
   ExpectEditBoxInsideTabStrip(6, 46, 12);
 }
 
+TEST_F(MainWindowTest, NewResolutionKeepsTheTextAndMakesItReadable) {
+  const auto box = window.CreateEditBox({});
+  ShowWindowed();
+  box->SetVisible(true);
+  box->Load(u"one\ntwo\nthree");
+  box->Select({4, 3});
+  const auto lineHeight = [this] {
+    POINTL first{};
+    POINTL second{};
+    const HWND text = Control(ControlId::kText1);
+    SendMessageW(text, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&first), 0);
+    SendMessageW(text, EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&second), 4);
+    return second.y - first.y;
+  };
+  const LONG before = lineHeight();
+  RECT suggested{0, 0, 1200, 900};
+  SendMessageW(Handle(), kDpiChanged, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
+  EXPECT_EQ(box->Text(), u"one\ntwo\nthree");
+  EXPECT_EQ(box->Selection(), (TextSpan{4, 3}));
+  EXPECT_GE(lineHeight(), before * 3 / 2);
+}
+
 TEST_F(MainWindowTest, EdgeIsReportedInPixelsOfTheBaseResolution) {
   ShowWindowed();
   window.PositionControls(200);

@@ -5,7 +5,7 @@
 namespace deck {
 namespace {
 
-// For a box that the system could not show: the answer that does nothing.
+// For a box that was closed in another way, or that the system could not show: what does least.
 Answer MostCautious(BoxStyle style) {
   switch (style) {
     case BoxStyle::kYesNoCancel:
@@ -23,7 +23,8 @@ Answer MostCautious(BoxStyle style) {
 Answer Win32Prompts::Show(const Message& message) {
   const int button = MessageBoxW(owner_(), Wide(message.text), Wide(message.title),
                                  static_cast<UINT>(message.style));
-  return button == 0 ? MostCautious(message.style) : static_cast<Answer>(button);
+  return button == IDYES || button == IDNO ? static_cast<Answer>(button)
+                                           : MostCautious(message.style);
 }
 
 }  // namespace deck

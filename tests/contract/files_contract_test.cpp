@@ -142,6 +142,19 @@ TEST_F(FilesContract, ReplacesNothingWhereNoFileCanBe) {
   EXPECT_EQ(world_->CountFiles(), 0);
 }
 
+TEST_F(FilesContract, RefusesPathsThatOtherProgramsCouldNotOpen) {
+  const std::u16string folder = In(std::u16string(100, u'f'));
+  ASSERT_TRUE(files_.CreateFolder(folder));
+  const std::size_t room = 259 - folder.size() - 1;
+  const std::u16string longest = folder + u"\\" + std::u16string(room, u'n');
+  ASSERT_TRUE(files_.Create(longest, "x"));
+  EXPECT_EQ(Content(longest), "x");
+  ExpectProblem(files_.Create(longest + u"n", "x"));
+  ExpectProblem(files_.Replace(longest + u"n", "x"));
+  EXPECT_FALSE(files_.Copy(longest, longest + u"n"));
+  EXPECT_FALSE(files_.Attributes(longest + u"n").has_value());
+}
+
 TEST_F(FilesContract, ReplacesTheFileOfARelativePathInTheCurrentFolder) {
   ASSERT_TRUE(files_.SetCurrentFolder(world_->Folder()));
   ASSERT_TRUE(files_.Replace(u"a.tmj", "x"));

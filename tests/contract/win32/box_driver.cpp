@@ -10,6 +10,7 @@ namespace deck {
 namespace {
 
 constexpr UINT kLookEvery = 30;  // milliseconds
+constexpr int kPatience = 200;   // looks
 
 BOOL CALLBACK TakeIfOpenBox(HWND window, LPARAM found) {
   std::array<wchar_t, 32> name{};
@@ -41,11 +42,21 @@ BoxDriver::~BoxDriver() {
 
 void BoxDriver::WhenOpen(std::function<void(HWND box)> action) {
   action_ = std::move(action);
+  looksInVain_ = 0;
 }
 
 void CALLBACK BoxDriver::OnTick(HWND, UINT, UINT_PTR, DWORD) {
-  if (current_ == nullptr || !current_->action_) return;
-  if (const HWND box = FindOpenBox()) std::exchange(current_->action_, nullptr)(box);
+  if (current_ != nullptr) current_->Look();
+}
+
+void BoxDriver::Look() {
+  const HWND box = FindOpenBox();
+  if (box == nullptr) return;
+  if (action_) {
+    std::exchange(action_, nullptr)(box);
+  } else if (++looksInVain_ > kPatience) {
+    PostMessageW(box, WM_COMMAND, GetDlgItem(box, IDNO) != nullptr ? IDNO : IDCANCEL, 0);
+  }
 }
 
 std::u16string TextOf(HWND window) {

@@ -1,5 +1,6 @@
 // Plays the user while a modal box of this thread is open: waits until the box is there and then
-// does something to it, from within the box's own message loop.
+// does something to it, from within the box's own message loop. A box that stays open afterwards,
+// or another one that comes up, is dismissed after a while, so that no test waits for ever.
 #pragma once
 
 #include <windows.h>
@@ -21,9 +22,11 @@ class BoxDriver {
 
  private:
   static void CALLBACK OnTick(HWND, UINT, UINT_PTR, DWORD);
+  void Look();
 
   static BoxDriver* current_;
   std::function<void(HWND)> action_;
+  int looksInVain_ = 0;
   UINT_PTR timer_ = 0;
 };
 

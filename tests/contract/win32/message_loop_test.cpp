@@ -105,9 +105,15 @@ TEST_F(MessageLoopTest, AsksItsFiltersFirst) {
 }
 
 TEST_F(MessageLoopTest, LeavesAnOrderToQuitForTheMainLoop) {
+  constexpr int kLost = 99;
+  loop_.AddFilter([](MSG& message) {
+    if (message.message == WM_TIMER) PostQuitMessage(kLost);
+    return false;
+  });
   PostQuitMessage(5);
   loop_.Pump();
   loop_.Pump();
+  SetTimer(window_.Get(), 1, 3'000, nullptr);
   EXPECT_EQ(loop_.Run(), 5);
 }
 

@@ -60,8 +60,9 @@ bool ReportIfAsked() {
   const std::u16string file = commandLine.substr(start, end - start);
   STARTUPINFOW startup{};
   GetStartupInfoW(&startup);
-  const std::u16string report =
-      commandLine.substr(end + 2) + u"\n" + CurrentFolder() + u"\n" + Decimal(startup.wShowWindow);
+  const bool isShowWindowGiven = (startup.dwFlags & STARTF_USESHOWWINDOW) != 0;
+  const std::u16string report = commandLine.substr(end + 2) + u"\n" + CurrentFolder() + u"\n" +
+                                (isShowWindowGiven ? Decimal(startup.wShowWindow) : u"?");
   // Whole: the reader takes what it finds. A report that cannot be written is missed by the reader.
   static_cast<void>(Win32Files().Replace(file, Bytes(report)));
   return true;

@@ -30,8 +30,9 @@ EditKeyAction WithControl(const EditKeyPress& press) {
   if (press.shift) return EditKeyAction::kNothing;
   switch (press.key) {
     case kBackspace:
+      return EditKeyAction::kEraseWordBefore;
     case kDelete:
-      return EditKeyAction::kLeaveToControl;
+      return EditKeyAction::kEraseWordBehind;
     case kInsert:
     case 'C':
       return EditKeyAction::kCopy;
@@ -73,7 +74,8 @@ EditKeyAction ActionOf(const EditKeyPress& press) {
   }
 }
 
-bool IsTypedText(char16_t character) {
+bool IsTypedText(char16_t character, bool control, bool alt) {
+  if (control && !alt) return false;
   if (character == u'\t' || character == u'\r') return true;
   // Control and Backspace give U+007F.
   return character >= u' ' && character != 0x7F;

@@ -6,11 +6,13 @@
 namespace deck {
 
 enum class EditKeyAction {
-  kLeaveToControl,  // moves the caret, or erases a word
+  kLeaveToControl,  // moves the caret
   kLeaveToSystem,   // menus
   kNothing,         // the character that belongs to the key may still come
   kEraseBefore,
   kEraseBehind,
+  kEraseWordBefore,
+  kEraseWordBehind,
   kSelectAll,
   kCut,
   kCopy,
@@ -30,7 +32,8 @@ struct EditKeyPress {
 EditKeyAction ActionOf(const EditKeyPress& press);
 
 // Whether a typed character goes into the text. Enter arrives as CR and becomes a line break; every
-// other control character but the tab belongs to a key combination.
-bool IsTypedText(char16_t character);
+// other control character but the tab belongs to a key combination, and so does whatever comes
+// while the control key is down without the right Alt key.
+bool IsTypedText(char16_t character, bool control, bool alt);
 
 }  // namespace deck

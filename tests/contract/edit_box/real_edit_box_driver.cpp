@@ -11,8 +11,7 @@ constexpr wchar_t kWindowClass[] = L"WrenDeckEditBoxTest";
 constexpr int kDpi = 96;
 
 HWND MakeWindow() {
-  static const HRESULT ole = OleInitialize(nullptr);
-  EXPECT_TRUE(SUCCEEDED(ole));
+  EXPECT_TRUE(SUCCEEDED(OleInitialize(nullptr)));
   WNDCLASSW description{};
   description.lpfnWndProc = DefWindowProcW;
   description.hInstance = GetModuleHandleW(nullptr);
@@ -22,6 +21,12 @@ HWND MakeWindow() {
                                       WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 640,
                                       480, nullptr, nullptr, description.hInstance, nullptr);
   SetForegroundWindow(window);
+  return window;
+}
+
+// One window for all cases: Wine takes seconds to close one when there is no window manager.
+HWND SharedWindow() {
+  static const HWND window = MakeWindow();
   return window;
 }
 
@@ -44,9 +49,9 @@ class HeldKeys {
 }  // namespace
 
 RealEditBoxDriver::RealEditBoxDriver()
-    : window_(MakeWindow()), box_(settings_, window_.Get(), kControlId, kDpi, Counting(events)) {
+    : window_(SharedWindow()), box_(settings_, window_, kControlId, kDpi, Counting(events)) {
   SetWindowPos(control(), nullptr, 10, 10, 500, 300, SWP_NOZORDER | SWP_NOACTIVATE);
-  SetFocus(window_.Get());
+  SetFocus(window_);
 }
 
 void RealEditBoxDriver::Type(std::u16string_view text) {
@@ -62,7 +67,9 @@ void RealEditBoxDriver::MoveCaret(TextSpan selection) {
 }
 
 void RealEditBoxDriver::MoveMouse() {
-  Send(WM_MOUSEMOVE, 0, MAKELPARAM(++pointer_, 3));
+  // To a place where it was in no case before.
+  static int pointer = 0;
+  Send(WM_MOUSEMOVE, 0, MAKELPARAM(++pointer, 3));
 }
 
 void RealEditBoxDriver::Press(int key, std::initializer_list<int> modifiers) {

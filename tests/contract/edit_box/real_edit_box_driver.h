@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "documents/win32/rich_edit_box.h"
-#include "platform/win32/handles.h"
 #include "tests/contract/edit_box_contract.h"
 
 namespace deck {
@@ -23,9 +22,9 @@ class RealEditBoxDriver {
   void MoveMouse();
   bool IsVisible() const { return IsWindowVisible(control()) != FALSE; }
   bool IsFocused() const { return GetFocus() == control(); }
-  void FocusElsewhere() { SetFocus(window_.Get()); }
+  void FocusElsewhere() { SetFocus(window_); }
 
-  HWND window() const { return window_.Get(); }
+  HWND window() const { return window_; }
   HWND control() const { return box_.Window(); }
   LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
     return SendMessageW(control(), message, wParam, lParam);
@@ -40,9 +39,8 @@ class RealEditBoxDriver {
 
  private:
   EditBoxSettings settings_;
-  WindowHandle window_;
+  HWND window_;
   RichEditBox box_;
-  int pointer_ = 0;
 };
 
 }  // namespace deck

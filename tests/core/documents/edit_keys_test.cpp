@@ -53,8 +53,8 @@ TEST(EditKeys, EditWithTheUsualCombinations) {
       {Alt(kBackspace), Action::kUndo},
       {Control('Y'), Action::kRedo},
       {Plain(kInsert), Action::kToggleInsert},
-      {Control(kBackspace), Action::kLeaveToControl},
-      {Control(kDelete), Action::kLeaveToControl},
+      {Control(kBackspace), Action::kEraseWordBefore},
+      {Control(kDelete), Action::kEraseWordBehind},
   };
   for (const auto& row : rows) {
     EXPECT_EQ(ActionOf(row.press), row.action)
@@ -83,9 +83,8 @@ TEST(EditKeys, DoNothingWhereTheControlWouldFormat) {
   }
 }
 
-TEST(EditKeys, LetOnlyCaretMovesAndWordErasingReachTheControlWithControlDown) {
-  const std::set<int> passed = {kBackspace, kDelete, 0x10, 0x11, 0x12, 0x21, 0x22,
-                                0x23,       0x24,    0x25, 0x26, 0x27, 0x28};
+TEST(EditKeys, LetOnlyCaretMovesReachTheControlWithControlDown) {
+  const std::set<int> passed = {0x10, 0x11, 0x12, 0x21, 0x22, 0x23, 0x24, 0x25, 0x26, 0x27, 0x28};
   for (int key = 1; key < 256; ++key) {
     EXPECT_EQ(ActionOf(Control(key)) == Action::kLeaveToControl, passed.contains(key)) << key;
   }
@@ -106,13 +105,20 @@ TEST(EditKeys, GiveEnterAndTabAsCharactersOnly) {
 
 TEST(EditKeys, TypeTextTabAndEnterButNoControlCharacter) {
   for (const char16_t text : {u' ', u'a', u'\u00E9', u'\u4E2D', u'\t', u'\r', char16_t{0xD83D}}) {
-    EXPECT_TRUE(IsTypedText(text)) << static_cast<int>(text);
+    EXPECT_TRUE(IsTypedText(text, false, false)) << static_cast<int>(text);
   }
   for (int control = 0; control < 32; ++control) {
     const bool expected = control == '\t' || control == '\r';
-    EXPECT_EQ(IsTypedText(static_cast<char16_t>(control)), expected) << control;
+    EXPECT_EQ(IsTypedText(static_cast<char16_t>(control), false, false), expected) << control;
   }
-  EXPECT_FALSE(IsTypedText(0x7F));
+  EXPECT_FALSE(IsTypedText(0x7F, false, false));
+}
+
+TEST(EditKeys, TypeNothingWhileControlIsDownUnlessItIsTheRightAltKey) {
+  for (const char16_t text : {u' ', u'\t', u'\r', u'a'}) {
+    EXPECT_FALSE(IsTypedText(text, true, false)) << static_cast<int>(text);
+    EXPECT_TRUE(IsTypedText(text, true, true)) << static_cast<int>(text);
+  }
 }
 
 }  // namespace

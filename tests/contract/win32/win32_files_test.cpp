@@ -3,6 +3,11 @@
 
 #include <windows.h>
 
+#include <sddl.h>
+
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
 #include "platform/win32/handles.h"
@@ -41,6 +46,29 @@ TEST_F(Win32FilesTest, KeepsAHiddenFileHidden) {
   const DWORD attributes = GetFileAttributesW(Wide(path_));
   EXPECT_TRUE(attributes & FILE_ATTRIBUTE_HIDDEN);
   EXPECT_TRUE(attributes & FILE_ATTRIBUTE_SYSTEM);
+}
+
+// The rights on the file, in a form that can be compared.
+std::vector<std::byte> AccessRights(const std::u16string& path) {
+  DWORD size = 0;
+  GetFileSecurityW(Wide(path), DACL_SECURITY_INFORMATION, nullptr, 0, &size);
+  std::vector<std::byte> rights(size);
+  GetFileSecurityW(Wide(path), DACL_SECURITY_INFORMATION, rights.data(), size, &size);
+  return rights;
+}
+
+TEST_F(Win32FilesTest, KeepsWhoMayUseTheFile) {
+  const std::vector<std::byte> usual = AccessRights(path_);
+  PSECURITY_DESCRIPTOR onlyMe = nullptr;
+  ASSERT_TRUE(ConvertStringSecurityDescriptorToSecurityDescriptorW(
+      L"D:P(A;;FA;;;BA)(A;;FA;;;OW)", SDDL_REVISION_1, &onlyMe, nullptr));
+  ASSERT_TRUE(SetFileSecurityW(Wide(path_), DACL_SECURITY_INFORMATION, onlyMe));
+  LocalFree(onlyMe);
+  const std::vector<std::byte> restricted = AccessRights(path_);
+  ASSERT_NE(restricted, usual);
+  ASSERT_TRUE(files_.Replace(path_, "new"));
+  EXPECT_EQ(AccessRights(path_), restricted);
+  EXPECT_EQ(Content(), "new");
 }
 
 TEST_F(Win32FilesTest, WritesOverAFileThatAnotherProgramKeepsFromBeingReplaced) {

@@ -2,26 +2,45 @@
 
 #include <shellapi.h>
 
-#include <optional>
+#include <algorithm>
+#include <iterator>
 #include <utility>
 
-#include "documents/win32/edit_clipboard.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/win32_clipboard.h"
 
 namespace deck {
 namespace {
 
-FORMATETC FileList() {
-  return {CF_HDROP, nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
+FORMATETC InMemory(UINT format) {
+  return {static_cast<CLIPFORMAT>(format), nullptr, DVASPECT_CONTENT, -1, TYMED_HGLOBAL};
 }
 
-bool HasFiles(IDataObject& data) {
-  FORMATETC wanted = FileList();
+bool Offers(IDataObject& data, UINT format) {
+  FORMATETC wanted = InMemory(format);
   return data.QueryGetData(&wanted) == S_OK;
 }
 
+bool OffersText(IDataObject& data) {
+  return std::any_of(std::begin(kTextFormats), std::end(kTextFormats),
+                     [&](UINT format) { return Offers(data, format); });
+}
+
+// Empty when the source does not keep its offer.
+std::u16string TextOf(IDataObject& data) {
+  for (const UINT format : kTextFormats) {
+    FORMATETC wanted = InMemory(format);
+    STGMEDIUM medium{};
+    if (FAILED(data.GetData(&wanted, &medium))) continue;
+    std::u16string text = TextInMemory(medium.hGlobal, format);
+    ReleaseStgMedium(&medium);
+    return text;
+  }
+  return {};
+}
+
 std::vector<std::u16string> FilesOf(IDataObject& data) {
-  FORMATETC wanted = FileList();
+  FORMATETC wanted = InMemory(CF_HDROP);
   STGMEDIUM medium{};
   if (FAILED(data.GetData(&wanted, &medium))) return {};
   const HDROP list = static_cast<HDROP>(medium.hGlobal);
@@ -80,16 +99,16 @@ HRESULT EditDropTarget::Drop(IDataObject* data, DWORD, POINTL where, DWORD* effe
   if (*effect == DROPEFFECT_NONE) return S_OK;
   // The receiver may destroy the box, which disconnects this object, while the function runs.
   const Receiver receiver = receiver_;
-  if (receiver.files && HasFiles(*data)) {
+  if (receiver.files && Offers(*data, CF_HDROP)) {
     receiver.files(FilesOf(*data));
-  } else if (const std::optional<std::u16string> text = TextOf(*data)) {
-    receiver.text({where.x, where.y}, *text);
+  } else if (const std::u16string text = TextOf(*data); !text.empty()) {
+    receiver.text({where.x, where.y}, text);
   }
   return S_OK;
 }
 
 bool EditDropTarget::Takes(IDataObject& data) const {
-  return (receiver_.files && HasFiles(data)) || (receiver_.text && HasText(data));
+  return (receiver_.files && Offers(data, CF_HDROP)) || (receiver_.text && OffersText(data));
 }
 
 // Copies where the source allows it: a source that moves would erase its own selection afterwards,

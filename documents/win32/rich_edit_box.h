@@ -28,6 +28,7 @@
 #include "platform/edit_box.h"
 #include "platform/undoable_text.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/win32_clipboard.h"
 
 namespace deck {
 
@@ -120,6 +121,7 @@ class RichEditBox final : public EditBox {
   FontHandle font_;
   EditDropTarget* dropTarget_;
   HWND control_ = nullptr;
+  Win32Clipboard clipboard_{[this] { return control_; }};
   UndoableText text_;
   bool visible_ = false;
   bool updating_ = false;    // the control changes because this object changes it

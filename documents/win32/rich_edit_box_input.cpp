@@ -11,7 +11,6 @@
 #include <utility>
 
 #include "documents/erase_spans.h"
-#include "documents/win32/edit_clipboard.h"
 #include "documents/win32/edit_context_menu.h"
 #include "platform/text_edits.h"
 #include "platform/win32/pointer_motion.h"
@@ -207,7 +206,7 @@ void RichEditBox::OnCharacter(char16_t character) {
 
 void RichEditBox::OnContextMenu(POINT where) {
   SetFocus(control_);
-  const EditMenuState state{CanUndo(), Selection().length > 0, ClipboardHasText(), Length() > 0};
+  const EditMenuState state{CanUndo(), Selection().length > 0, ClipboardOffersText(), Length() > 0};
   const EditMenuCommand command = ChooseFromEditMenu(control_, where, state);
   if (command == EditMenuCommand::kNone) return;
   Do(ActionOf(command));
@@ -285,17 +284,16 @@ void RichEditBox::SelectAll() {
 
 void RichEditBox::Copy() {
   const std::u16string selected = SelectedText();
-  if (!selected.empty()) SetClipboardText(control_, selected);
+  if (!selected.empty()) static_cast<void>(clipboard_.SetText(selected));
 }
 
 void RichEditBox::Cut() {
   const std::u16string selected = SelectedText();
-  if (!selected.empty() && SetClipboardText(control_, selected)) ReplaceSelection(u"");
+  if (!selected.empty() && clipboard_.SetText(selected)) ReplaceSelection(u"");
 }
 
 void RichEditBox::Paste() {
-  const std::optional<std::u16string> text = ClipboardText(control_);
-  if (text && !text->empty()) ReplaceSelection(*text);
+  if (const std::optional<std::u16string> text = clipboard_.Text()) ReplaceSelection(*text);
 }
 
 // What the character takes the place of: the selection or, when not inserting, the character behind

@@ -3,6 +3,7 @@
 #include <windowsx.h>
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/wide_text.h"
@@ -87,6 +88,7 @@ void Report(const std::function<void(Arguments...)>& event, Arguments... argumen
 void KeyLogBox::Create(HWND parent, int id) {
   RegisterBoxClass(Procedure);
   Clear();
+  isInvalid_ = false;
   window_ = CreateWindowExW(WS_EX_CLIENTEDGE, kKeyLogBoxClass, L"",
                             WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
@@ -135,8 +137,10 @@ bool KeyLogBox::IsSelected(int line) const {
   return line >= first && line <= last;
 }
 
-void KeyLogBox::Invalidate() const {
-  if (window_ != nullptr) InvalidateRect(window_, nullptr, FALSE);
+void KeyLogBox::Invalidate() {
+  // Once is enough until the next WM_PAINT.
+  if (window_ == nullptr || std::exchange(isInvalid_, true)) return;
+  InvalidateRect(window_, nullptr, FALSE);
 }
 
 // ---- Messages.
@@ -207,7 +211,9 @@ LRESULT KeyLogBox::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lPara
       Report(events.clicked);
       return 0;
     case WM_CONTEXTMENU:
-      return OnContextMenu(lParam);
+      // Without a place it comes from a key, and keys open nothing here.
+      if (lParam != -1) Report(events.menuWanted, PointOf(lParam));
+      return 0;
     default:
       break;
   }
@@ -237,6 +243,7 @@ void KeyLogBox::OnPaint(HWND window) {
   client = ClientOf(window);  // a scroll bar may have come or gone
   PAINTSTRUCT paint{};
   const HDC context = BeginPaint(window, &paint);
+  isInvalid_ = false;
   const HGDIOBJ previous = SelectObject(context, font_);
   PaintLines(context, client);
   SelectObject(context, previous);
@@ -380,17 +387,6 @@ void KeyLogBox::OnDrag(POINT where) {
   if (where.y < 0) return ScrollTo(line);
   if (where.y >= client.bottom) return ScrollTo(top_ + 1);
   Invalidate();
-}
-
-LRESULT KeyLogBox::OnContextMenu(LPARAM where) {
-  POINT point = PointOf(where);
-  // Asked for without the mouse.
-  if (where == -1) {
-    point = {};
-    ClientToScreen(window_, &point);
-  }
-  Report(events.menuWanted, point);
-  return 0;
 }
 
 }  // namespace deck

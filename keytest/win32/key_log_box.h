@@ -75,7 +75,6 @@ class KeyLogBox {
   void OnWheel(int delta);
   void OnButtonDown(POINT where, bool extend);
   void OnDrag(POINT where);
-  LRESULT OnContextMenu(LPARAM where);
   LRESULT GetText(WPARAM room, LPARAM buffer) const;
 
   void ShowScrollBars(const RECT& client);
@@ -84,7 +83,7 @@ class KeyLogBox {
   int RowsIn(const RECT& client) const;
   bool IsSelected(int line) const;
   COLORREF TextColour() const;
-  void Invalidate() const;
+  void Invalidate();
 
   COLORREF textColour_;
   HWND window_ = nullptr;
@@ -92,11 +91,12 @@ class KeyLogBox {
   int rowHeight_ = 1;  // pixels
   KeyLog log_;
   std::optional<Selection> selection_;
-  int top_ = 0;         // the first line that shows, from 0
-  int left_ = 0;        // pixels that the lines are moved to the left
-  int widest_ = 0;      // pixels, of the lines drawn so far
-  bool toEnd_ = false;  // the newest line comes into view with the next drawing
-  int wheel_ = 0;       // what is left of its last turn
+  int top_ = 0;             // the first line that shows, from 0
+  int left_ = 0;            // pixels that the lines are moved to the left
+  int widest_ = 0;          // pixels, of the lines drawn so far
+  bool toEnd_ = false;      // the newest line comes into view with the next drawing
+  bool isInvalid_ = false;  // WM_PAINT is to come
+  int wheel_ = 0;           // what is left of its last turn
 };
 
 }  // namespace deck

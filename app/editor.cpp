@@ -92,6 +92,7 @@ bool Editor::Load(const std::u16string& applicationFolder, std::u16string_view c
   macros_.Clear();
   ReadHostPreferences(ports_.profiles, applicationFolder, settings_);
   ShowCommands();
+  ports_.window.ShowToolTips(settings_.ShowToolTips != 0);
   helpFile_ = ChooseHelpFile(settings_, ports_.system.Version());
   if (!helpFile_.UseHlpFile) ports_.help.Prepare();
   RestorePosition();
@@ -283,6 +284,11 @@ void Editor::OnTabMiddleClicked(int position) {
 
 void Editor::OnTabHovered(int position) {
   documents_.OnHoverTab(position - 1);
+}
+
+void Editor::OnToolbarHovered(CommandId command) {
+  const CommandRow* row = FindCommand(command);
+  if (row != nullptr && !row->hint.empty()) status_.Hint(row->hint);
 }
 
 void Editor::OnStatusBarHovered() {

@@ -87,6 +87,7 @@ class Editor {
   void OnTabClicked(int position);
   void OnTabMiddleClicked(int position);
   void OnTabHovered(int position);
+  void OnToolbarHovered(CommandId command);
   void OnStatusBarHovered();
   void OnFilesDropped(const std::vector<std::u16string>& paths);
   void OnMenuOpening(Menu menu);

@@ -59,6 +59,7 @@ struct ControlRow {
 inline constexpr ControlRow kControls[] = {
     {ControlId::kTabStrip1, u"TabStrip1", u"Editor", u"SysTabControl32"},
     {ControlId::kStatusBar1, u"StatusBar1", u"Editor", u"msctls_statusbar32"},
+    {ControlId::kToolbar1, u"Toolbar1", u"Editor", u"ToolbarWindow32"},
     {ControlId::kText1, u"Text1", u"Editor", u"RICHEDIT50W"},
     {ControlId::kFrameMacros, u"FrameMacros", u"Editor", u"FrameMacros"},
     {ControlId::kCombo1, u"Combo1", u"FrameMacros", u"ComboBox"},

@@ -59,6 +59,8 @@ class MainWindowView {
 
   // Menu item and toolbar button of the command alike.
   virtual void SetCommand(CommandId command, const CommandState& state) = 0;
+  // Whether the toolbar explains its buttons.
+  virtual void ShowToolTips(bool show) = 0;
   // The paths as menu captions, the first on top; an empty list hides that part of the menu.
   virtual void SetRecentFiles(const std::vector<std::u16string>& paths) = 0;
 

@@ -21,8 +21,12 @@ ROOT = Path(__file__).resolve().parent.parent
 SAMPLES = 8  # per pixel and direction
 CURVE_STEPS = 24
 
+TOOLBAR = ROOT / 'app/win32/icons/toolbar'
 ICONS = {
     'app/win32/wrendeck.ico': ('app/win32/icons/wrendeck.svg', (16, 20, 24, 32, 48, 256)),
+    # The sizes of a toolbar at 100, 125, 150, 200 and 300 %.
+    **{str(source.relative_to(ROOT).with_suffix('.ico')): (source, (16, 20, 24, 32, 48))
+       for source in sorted(TOOLBAR.glob('*.svg'))},
 }
 
 

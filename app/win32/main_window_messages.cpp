@@ -189,7 +189,7 @@ void MainWindow::OnFilesDropped(const std::vector<std::u16string>& paths) {
 
 void MainWindow::OnTimer(WPARAM timer) {
   if (timer == kHousekeepingTimer) {
-    NotePointer();
+    NoteRestingPointer();
     ReportKeysAndClock();
   } else {
     Report(events.timer, static_cast<TimerId>(timer));

@@ -31,6 +31,7 @@ class FakeMainWindowView : public MainWindowView {
   void SetPanel(int panel, const std::u16string& text) override;
   void SetPanelToolTip(int panel, const std::u16string& text) override;
   void SetCommand(CommandId command, const CommandState& state) override;
+  void ShowToolTips(bool show) override { toolTips = show; }
   void SetRecentFiles(const std::vector<std::u16string>& paths) override;
   void PositionControls(int width) override;
   void Refresh() override { ++refreshes; }
@@ -56,6 +57,7 @@ class FakeMainWindowView : public MainWindowView {
   std::array<std::u16string, kStatusPanels> panelToolTips;  // from 0
   std::map<CommandId, CommandState> commands;
   std::vector<std::u16string> recentFiles;
+  bool toolTips = true;
   int macroFrameWidth = -1;  // of the last PositionControls, -1 before the first
   int positionings = 0;
   int refreshes = 0;

@@ -372,6 +372,32 @@ TEST_F(CommandTest, DroppedFilesOpenLikeAMultipleSelection) {
   EXPECT_EQ(prompts.shown.size(), 1u);
 }
 
+TEST_F(CommandTest, ExplainsTheButtonUnderThePointerButNotOverACompileResult) {
+  Start();
+  editor.OnToolbarHovered(CommandId::kGotoLine);
+  EXPECT_EQ(Panel(1),
+            u"Goto line number - useful when a download files with an error at a line number");
+  editor.OnToolbarHovered(CommandId::kFileSaveAll);
+  EXPECT_EQ(Panel(1),
+            u"Goto line number - useful when a download files with an error at a line number");
+  files.AddFile(u"C:\\a.tmj", "BTN S1 X");
+  Open(u"C:\\a.tmj");
+  CompilerReports(u"OK", 0, 3, u"");
+  editor.Execute(CommandId::kCompile);
+  editor.OnToolbarHovered(CommandId::kCut);
+  EXPECT_EQ(Panel(1), u" Compiled successfully. (Memory used: 3%)");
+}
+
+TEST_F(StartTest, ShowsToolTipsUnlessTheHostSaysNo) {
+  Start();
+  EXPECT_TRUE(view.toolTips);
+  ASSERT_TRUE(profiles.WriteText(kHostIni, u"Miscellaneous", u"OKtoShowToolTips", u"0"));
+  Editor next(ports);
+  view.tabs.clear();
+  ASSERT_TRUE(next.Load(kHostFolder, u"WrenDeck.exe"));
+  EXPECT_FALSE(view.toolTips);
+}
+
 TEST_F(CommandTest, GreetsOverTheStatusBar) {
   Start();
   editor.OnStatusBarHovered();

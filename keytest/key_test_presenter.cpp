@@ -47,7 +47,9 @@ void KeyTestPresenter::JoinView() {
   events.timer1 = [this] { CarryOut(OnTimer1(state_)); };
   events.command = [this](KeyTestCommand command, KeyBox box) { Execute(command, box); };
   events.menusLabelClicked = [this] { ToggleMenus(); };
-  events.modeWarningClicked = [this] { ports_.prompts.Show(ModeWarning(report_.status)); };
+  events.modeWarningClicked = [this] {
+    Ask([this] { ports_.prompts.Show(ModeWarning(report_.status)); });
+  };
   events.boxEntered = [this] { ForeignKeyBSupport(); };
   events.closing = [this] { Unload(); };
 }
@@ -181,6 +183,17 @@ void KeyTestPresenter::ForeignKeyBSupport() {
   static_cast<void>(ports_.keyboard.ActivateLayout(savedLayout_));
 }
 
+// Boxes and dialogs stand in front of the main window, which has the keyboard behind them: the keys
+// of the controllers would go into the text.
+void KeyTestPresenter::Ask(const std::function<void()>& ask) {
+  if (asking_) return;
+  {
+    const ScopeValue asking(asking_, true);
+    ask();
+  }
+  if (phase_ == Phase::kOpen) view_.Show();
+}
+
 // ---- Menus.
 
 void KeyTestPresenter::Execute(KeyTestCommand command, KeyBox box) {
@@ -205,8 +218,10 @@ void KeyTestPresenter::Execute(KeyTestCommand command, KeyBox box) {
       Copy(view_.Text(box));
       break;
     case KeyTestCommand::kSaveAsText:
-      SaveKeyLog(view_.Text(box), settings_.FilesFolder,
-                 {ports_.files, ports_.dialogs, ports_.prompts, ports_.codePage});
+      Ask([this, text = view_.Text(box)] {
+        SaveKeyLog(text, settings_.FilesFolder,
+                   {ports_.files, ports_.dialogs, ports_.prompts, ports_.codePage});
+      });
       break;
     case KeyTestCommand::kClearBox:
       ClearTextBox(box);

@@ -82,6 +82,8 @@ class KeyTestPresenter {
   void ClearTextBox(KeyBox box);
   void TurnOffCapsLOCK();
   void ForeignKeyBSupport();
+  // Shows one box or dialog at a time, and gives the keyboard back to the window behind it.
+  void Ask(const std::function<void()>& ask);
 
   void Execute(KeyTestCommand command, KeyBox box);
   void ChooseClearDelay(int index);
@@ -97,6 +99,7 @@ class KeyTestPresenter {
   int loads_ = 0;  // number of the newest load
   bool settingsAreRead_ = false;
   bool runningEvents_ = false;  // for CAPS LOCK
+  bool asking_ = false;
   KeyTesterState state_;
   KeyCodeTable table_;
   KeyTestLook look_;

@@ -172,6 +172,37 @@ TEST_F(KeyTestPresenterTest, AnErrorGivesTheWarningEvenInProgrammedMode) {
   EXPECT_NE(prompts.shown.back().text.find(u"generated an error. "), std::u16string::npos);
 }
 
+TEST_F(KeyTestPresenterTest, TheKeyboardComesBackFromABoxToTheWindow) {
+  report.buttons = 0;
+  presenter.Show();
+  view.ClickModeWarning();
+  EXPECT_EQ(view.shows, 2);
+  dialogs.saveResults = {std::nullopt};
+  view.Choose(KeyTestCommand::kSaveAsText);
+  EXPECT_EQ(view.shows, 3);
+}
+
+TEST_F(KeyTestPresenterTest, OnlyOneBoxIsOpenAtATime) {
+  report.buttons = 0;
+  presenter.Show();
+  prompts.onShow = [this](const Message&) {
+    view.ClickModeWarning();
+    view.Choose(KeyTestCommand::kSaveAsText);
+  };
+  view.ClickModeWarning();
+  EXPECT_EQ(prompts.shown.size(), 1U);
+  EXPECT_TRUE(dialogs.saveRequests.empty());
+}
+
+TEST_F(KeyTestPresenterTest, AWindowThatWasClosedBehindItsBoxStaysClosed) {
+  report.buttons = 0;
+  presenter.Show();
+  prompts.onShow = [this](const Message&) { presenter.Unload(); };
+  view.ClickModeWarning();
+  EXPECT_FALSE(view.open);
+  EXPECT_EQ(view.shows, 1);
+}
+
 TEST_F(KeyTestPresenterTest, TheWarningIsGoneWhenTheNextOpeningSucceeds) {
   report.buttons = 0;
   presenter.Show();

@@ -44,7 +44,10 @@ Editor::Editor(const EditorPorts& ports)
       print_(documents_, status_, ports.prompts, ports.printer),
       blockRem_(documents_),
       alignment_(documents_, status_, settings_, {ports.files, ports.codePage, ports.window}),
-      edit_(documents_, ports.clipboard) {
+      edit_(documents_, ports.clipboard),
+      keyTest_(ports.keyTest, settings_,
+               {ports.files, ports.profiles, ports.dialogs, ports.prompts, ports.events,
+                ports.keyboard, ports.clipboard, ports.codePage}) {
   JoinFeatures();
   FillHandlers();
 }
@@ -59,6 +62,7 @@ void Editor::JoinFeatures() {
   macros_.links.save = [this] { return files_.FileSave(); };
   JoinFileCommands();
   JoinCompiler();
+  JoinKeyTest();
 }
 
 void Editor::JoinFileCommands() {
@@ -80,6 +84,17 @@ void Editor::JoinCompiler() {
   compile_.links.minimiseQuickHelp = [this] { quickHelp_.Minimise(); };
   download_.enableAfterDownload = [this] { return ticks_.enableAfterDownload; };
   runApps_.ignoreRunApp = [this] { return ticks_.ignoreRunApp; };
+}
+
+void Editor::JoinKeyTest() {
+  keyTest_.links.readControllerMode = [this] {
+    hotasIni_.ReadControllerMode();
+    return ControllerReport{hotasIni_.Mode().Status, hotasIni_.Mode().Buttons};
+  };
+  keyTest_.links.switchButtonsMode = [this](bool programmed) {
+    modeSwitch_.SwitchButtonsMode(programmed ? 1 : 0);
+  };
+  compile_.links.unloadKeyTester = [this] { keyTest_.Unload(); };
 }
 
 // ---- Start-up and shutdown.
@@ -160,6 +175,7 @@ void Editor::Unload() {
   static_cast<void>(SaveEditorPosition(
       ports_.profiles, settings_, {ticks_, ports_.window.Placement()}, ports_.window.ScreenSize()));
   quickHelp_.Close();
+  keyTest_.Unload();
   if (!helpFile_.UseHlpFile) ports_.help.CloseAll();
 }
 
@@ -184,6 +200,7 @@ void Editor::FillHandlers() {
       {CommandId::kDelete, [this] { edit_.mnuEditCCP(EditCommands::Item::kDelete); }},
       {CommandId::kSelectAll, [this] { edit_.mnuEditSelAll(); }},
       {CommandId::kRefreshFonts, [this] { edit_.mnuRefreshFonts(); }},
+      {CommandId::kKeyTest, [this] { keyTest_.Show(); }},
       {CommandId::kBlockRem, [this] { blockRem_.REMblock(); }},
       {CommandId::kBlockUnRem, [this] { blockRem_.REMunblock(); }},
       {CommandId::kAlignSlashes, [this] { alignment_.RemoveSpaces(); }},
@@ -326,13 +343,13 @@ void Editor::OnFocus() {
   if (documents_.Count() > 0) documents_.GetCurrentTextBox().Focus();
 }
 
-void Editor::OnKeysAndClock(const std::u16string& clock) {
-  const auto show = [this](int panel, ToggleKey key, std::u16string_view text) {
-    status_.Set(panel, ports_.keyboard.IsOn(key) ? std::u16string(text) : u"");
+void Editor::OnKeysAndClock(bool insertMode, const std::u16string& clock) {
+  const auto show = [this](int panel, bool on, std::u16string_view text) {
+    status_.Set(panel, on ? std::u16string(text) : u"");
   };
-  show(kInsertPanel, ToggleKey::kInsert, u"INS");
-  show(kCapsPanel, ToggleKey::kCapsLock, u"CAPS");
-  show(kNumPanel, ToggleKey::kNumLock, u"NUM");
+  show(kInsertPanel, insertMode, u"INS");
+  show(kCapsPanel, ports_.keyboard.IsOn(ToggleKey::kCapsLock), u"CAPS");
+  show(kNumPanel, ports_.keyboard.IsOn(ToggleKey::kNumLock), u"NUM");
   status_.Set(kClockPanel, clock);
 }
 

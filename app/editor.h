@@ -26,6 +26,8 @@
 #include "help/help_file.h"
 #include "help/info_window_view.h"
 #include "help/quick_help.h"
+#include "keytest/key_test_presenter.h"
+#include "keytest/key_test_view.h"
 #include "macros/macro_panel.h"
 #include "platform/clipboard.h"
 #include "platform/code_page.h"
@@ -63,6 +65,7 @@ struct EditorPorts {
   InfoWindowView& infoWindow;
   Printer& printer;
   Clipboard& clipboard;
+  KeyTestView& keyTest;
 };
 
 class Editor {
@@ -95,9 +98,9 @@ class Editor {
   void OnMinimised();
   // The window got the focus: the text has it from there.
   void OnFocus();
-  // The panels that the status bar keeps by itself; `clock` is the time as the user's locale
-  // writes it, without seconds.
-  void OnKeysAndClock(const std::u16string& clock);
+  // The panels that the status bar keeps by itself: whether typing inserts, the toggle keys, and
+  // the time as the user's locale writes it, without seconds.
+  void OnKeysAndClock(bool insertMode, const std::u16string& clock);
 
   DocumentSet& Documents() { return documents_; }
   QuickHelp& InfoPages() { return quickHelp_; }
@@ -113,6 +116,7 @@ class Editor {
   void JoinFeatures();
   void JoinFileCommands();
   void JoinCompiler();
+  void JoinKeyTest();
   void FillHandlers();
   void ShowCommands();
   void ShowTick(CommandId command, bool ticked);
@@ -144,6 +148,7 @@ class Editor {
   BlockRem blockRem_;
   SlashAlignment alignment_;
   EditCommands edit_;
+  KeyTestPresenter keyTest_;
   std::map<CommandId, std::function<void()>> handlers_;
 
   bool closing_ = false;

@@ -5,7 +5,7 @@
 
 namespace deck {
 
-enum class ToggleKey { kCapsLock = 20, kInsert = 45, kNumLock = 144 };  // virtual-key codes
+enum class ToggleKey { kCapsLock = 20, kNumLock = 144 };  // virtual-key codes
 
 class Keyboard {
  public:

@@ -43,7 +43,7 @@ class MainWindow : public MainWindowView {
     std::function<void()> focused;
     // A few times a second and after the keys that the panels show; `clock` is the time of the
     // user's locale without seconds.
-    std::function<void(const std::u16string& clock)> keysAndClock;
+    std::function<void(bool insertMode, const std::u16string& clock)> keysAndClock;
     std::function<void(bool minimised)> minimised;
     std::function<bool()> queryUnload;  // may the window close?
     std::function<void()> unload;       // it closes now

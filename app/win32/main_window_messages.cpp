@@ -197,7 +197,7 @@ void MainWindow::OnTimer(WPARAM timer) {
 }
 
 void MainWindow::ReportKeysAndClock() {
-  if (events.keysAndClock) events.keysAndClock(Clock());
+  Report(events.keysAndClock, editBoxes_.insertMode, Clock());
 }
 
 bool MainWindow::Watch(const MSG& message) {

@@ -11,6 +11,7 @@
 #include "app/editor.h"
 #include "app/win32/main_window.h"
 #include "help/win32/info_window.h"
+#include "keytest/win32/key_test_form.h"
 #include "platform/strings.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/wide_text.h"
@@ -101,7 +102,9 @@ class Connection {
     };
     events.timer = [&editor](TimerId timer) { editor.OnTimer(timer); };
     events.focused = [&editor] { editor.OnFocus(); };
-    events.keysAndClock = [&editor](const std::u16string& clock) { editor.OnKeysAndClock(clock); };
+    events.keysAndClock = [&editor](bool insertMode, const std::u16string& clock) {
+      editor.OnKeysAndClock(insertMode, clock);
+    };
     events.queryUnload = [&editor] { return editor.QueryUnload(); };
     events.unload = [&editor] { editor.Unload(); };
     events.stayOpen = [&editor] { editor.StayOpen(); };
@@ -132,6 +135,7 @@ int RunEditor() {
     return IsWindowVisible(window.Handle()) ? window.Handle() : nullptr;
   };
   MessageLoop loop;
+  KeyTestForm keyTest(loop);  // the first to see a key, since every key may be one to be tested
   loop.SetShortcuts(window.Handle(), window.Shortcuts());
   Win32CodePage codePage;
   Win32Files files;
@@ -151,7 +155,8 @@ int RunEditor() {
   Win32Clipboard clipboard([&window] { return window.Handle(); });
 
   Editor editor({window, window.MacroPanel(), files, profiles, dialogs, prompts, programs,
-                 eventLoop, keyboard, codePage, system, help, infoWindow, printer, clipboard});
+                 eventLoop, keyboard, codePage, system, help, infoWindow, printer, clipboard,
+                 keyTest});
   infoWindow.events = {
       .closeWanted = [&editor] { editor.InfoPages().Close(); },
       .overOk = [&editor] { editor.InfoPages().OnHoverOk(); },

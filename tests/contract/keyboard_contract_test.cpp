@@ -26,7 +26,7 @@ TEST_F(KeyboardContract, ActivatesTheLayoutThatIsActive) {
 }
 
 TEST_F(KeyboardContract, TellsEachToggle) {
-  for (const ToggleKey key : {ToggleKey::kCapsLock, ToggleKey::kInsert, ToggleKey::kNumLock}) {
+  for (const ToggleKey key : {ToggleKey::kCapsLock, ToggleKey::kNumLock}) {
     world_->Switch(key, true);
     EXPECT_TRUE(keyboard_.IsOn(key));
     world_->Switch(key, false);
@@ -35,11 +35,10 @@ TEST_F(KeyboardContract, TellsEachToggle) {
 }
 
 TEST_F(KeyboardContract, TurnsOffCapsLockAndNothingElse) {
-  for (const ToggleKey key : {ToggleKey::kCapsLock, ToggleKey::kInsert, ToggleKey::kNumLock})
+  for (const ToggleKey key : {ToggleKey::kCapsLock, ToggleKey::kNumLock})
     world_->Switch(key, true);
   keyboard_.TurnOffCapsLock();
   EXPECT_FALSE(keyboard_.IsOn(ToggleKey::kCapsLock));
-  EXPECT_TRUE(keyboard_.IsOn(ToggleKey::kInsert));
   EXPECT_TRUE(keyboard_.IsOn(ToggleKey::kNumLock));
   keyboard_.TurnOffCapsLock();
   EXPECT_FALSE(keyboard_.IsOn(ToggleKey::kCapsLock));

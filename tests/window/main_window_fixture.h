@@ -126,7 +126,7 @@ class MainWindowFixture : public testing::Test {
     };
     e.timer = [this](TimerId timer) { Add("timer", static_cast<int>(timer)); };
     e.focused = [this] { Add("focused"); };
-    e.keysAndClock = [this](const std::u16string& clock) { Add("clock " + Narrow(clock)); };
+    e.keysAndClock = [this](bool, const std::u16string& clock) { Add("clock " + Narrow(clock)); };
     e.minimised = [this](bool minimised) { Add(minimised ? "minimised" : "not minimised"); };
     e.queryUnload = [this] {
       Add("may it close?");

@@ -17,6 +17,7 @@
 #include "tests/fakes/fake_files.h"
 #include "tests/fakes/fake_help_system.h"
 #include "tests/fakes/fake_info_window_view.h"
+#include "tests/fakes/fake_key_test_view.h"
 #include "tests/fakes/fake_keyboard.h"
 #include "tests/fakes/fake_macro_panel_view.h"
 #include "tests/fakes/fake_main_window_view.h"
@@ -93,8 +94,9 @@ class EditorFixture : public testing::Test {
   FakeInfoWindowView infoWindow;
   FakePrinter printer;
   FakeClipboard clipboard;
-  EditorPorts ports{view,     panel,    files,  profiles, dialogs,    prompts, programs, events,
-                    keyboard, codePage, system, help,     infoWindow, printer, clipboard};
+  FakeKeyTestView keyTest;
+  EditorPorts ports{view,     panel,    files,  profiles, dialogs,    prompts, programs,  events,
+                    keyboard, codePage, system, help,     infoWindow, printer, clipboard, keyTest};
   Editor editor{ports};
 };
 

@@ -129,9 +129,10 @@ TEST_F(StartTest, IgnoresACommandLineThatNamesNoFile) {
   for (const std::u16string_view line : {u"WrenDeck.exe C:\\missing.tmj", u"WrenDeck.exe C:\\Host",
                                          u"WrenDeck.exe C:\\Host\\*.exe", u"WrenDeck.exe /help"}) {
     FakeMainWindowView otherView;
+    FakeKeyTestView otherKeyTest;
     otherView.makeEditBox = view.makeEditBox;
     Editor other{{otherView, panel, files, profiles, dialogs, prompts, programs, events, keyboard,
-                  codePage, system, help, infoWindow, printer, clipboard}};
+                  codePage, system, help, infoWindow, printer, clipboard, otherKeyTest}};
     ASSERT_TRUE(other.Load(kHostFolder, line));
     EXPECT_EQ(otherView.Captions(), Captions{u"Untitled"});
   }
@@ -407,12 +408,14 @@ TEST_F(CommandTest, GreetsOverTheStatusBar) {
 TEST_F(CommandTest, ShowsToggleKeysAndClock) {
   Start();
   keyboard.on = {ToggleKey::kCapsLock};
-  editor.OnKeysAndClock(u"14:08");
+  editor.OnKeysAndClock(true, u"14:08");
+  EXPECT_EQ(Panel(4), u"INS");
   EXPECT_EQ(Panel(5), u"CAPS");
   EXPECT_EQ(Panel(6), u"");
   EXPECT_EQ(Panel(7), u"14:08");
   keyboard.on = {ToggleKey::kNumLock};
-  editor.OnKeysAndClock(u"14:09");
+  editor.OnKeysAndClock(false, u"14:09");
+  EXPECT_EQ(Panel(4), u"");
   EXPECT_EQ(Panel(5), u"");
   EXPECT_EQ(Panel(6), u"NUM");
   EXPECT_EQ(Panel(7), u"14:09");

@@ -5,20 +5,24 @@
 
 Portable sources are read as the native build reads them, those in win32/ folders as the Windows
 build does. A file that was clean is not read again before it, a header it includes, the rules or
-the way it is compiled has changed. Prints the complaints; fails when there are any.
+the way it is compiled has changed; that is remembered in the user's cache directory, so that it
+holds in a fresh clone as well. Prints the complaints; fails when there are any.
 """
 
 import concurrent.futures
 import glob
 import hashlib
 import json
+import os
 import re
 import subprocess
 import sys
+import time
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent
-CACHE = ROOT / "build" / "tidy"
+CACHE = Path(os.environ.get("XDG_CACHE_HOME") or Path.home() / ".cache") / "wrendeck" / "tidy"
+KEPT_FOR = 30 * 24 * 3600  # seconds since the last use
 FOLDERS = ["platform", "documents", "macros", "tools", "compiler", "find", "keytest", "help", "app",
            "standins"]
 WINDOWS_DEFINITIONS = ["UNICODE", "_UNICODE", "NOMINMAX", "WIN32_LEAN_AND_MEAN", "_WIN32_WINNT=0x0601"]
@@ -53,7 +57,6 @@ class Tidy:
                                       check=True).stdout
         self.windows = windows_flags()
         database = json.loads((native_build / "compile_commands.json").read_text(encoding="utf-8"))
-        # Where the objects go does not matter to the checks.
         self.native = {entry["file"]: re.sub(r" -o \S+", "", entry["command"]) for entry in database}
 
     def arguments(self, source):
@@ -67,6 +70,8 @@ class Tidy:
     def fingerprint(self, source):
         digest = hashlib.sha256()
         way = self.native.get(str(source)) or " ".join(self.windows)
+        # Where the tree stands and where the objects go makes no difference to the checks.
+        way = way.replace(str(ROOT), "").replace(str(self.native_build), "")
         for text in (self.version, self.rules, way):
             digest.update(text.encode())
         for path in self.with_own_headers(source):
@@ -100,10 +105,17 @@ class Tidy:
         return run.stdout.strip() or run.stderr.strip()
 
 
+def forget_old_stamps():
+    for stamp in CACHE.iterdir():
+        if time.time() - stamp.stat().st_mtime > KEPT_FOR:
+            stamp.unlink(missing_ok=True)
+
+
 def main():
     native_build = Path(sys.argv[1]).resolve()
     files = [Path(name).resolve() for name in sys.argv[2:]] or sources()
     CACHE.mkdir(parents=True, exist_ok=True)
+    forget_old_stamps()
     tidy = Tidy(native_build)
     readable = [file for file in files if tidy.arguments(file)]
     with concurrent.futures.ThreadPoolExecutor(JOBS) as pool:

@@ -24,6 +24,44 @@ void CarryOutOn(std::u16string& text, const std::vector<TextEdit>& edits) {
   }
 }
 
+// A text with a gap where it was edited last: the next edit costs as much as the way to it, and not
+// as much as the rest of the text.
+class GapText {
+ public:
+  explicit GapText(std::u16string text) : head_(std::move(text)) {}
+
+  int Length() const { return static_cast<int>(head_.size() + tail_.size()); }
+
+  // Moves the gap behind the span and gives the span's text.
+  std::u16string_view GoBehind(TextSpan span) {
+    const std::size_t end = static_cast<std::size_t>(span.end());
+    while (head_.size() > end) {
+      tail_ += head_.back();
+      head_.pop_back();
+    }
+    while (head_.size() < end) {
+      head_ += tail_.back();
+      tail_.pop_back();
+    }
+    return std::u16string_view(head_).substr(static_cast<std::size_t>(span.start));
+  }
+
+  // Puts the replacement in place of the span that the gap is behind.
+  void Replace(TextSpan span, std::u16string_view replacement) {
+    head_.resize(static_cast<std::size_t>(span.start));
+    head_ += replacement;
+  }
+
+  std::u16string Joined() && {
+    head_.append(tail_.rbegin(), tail_.rend());
+    return std::move(head_);
+  }
+
+ private:
+  std::u16string head_;
+  std::u16string tail_;  // backwards
+};
+
 }  // namespace
 
 void UndoableText::Reset(std::u16string text) {
@@ -45,6 +83,29 @@ void UndoableText::Change(const std::vector<TextEdit>& edits, TextSpan selection
   redo_.clear();
   lastKind_ = kind;
   runGoesOn_ = kind != EditKind::kOther && edits.size() == 1;
+}
+
+UndoableText::CarriedOut UndoableText::ChangeStepByStep(const std::vector<TextEdit>& steps) {
+  GapText text(std::move(text_));
+  CarriedOut result;
+  for (const TextEdit& step : steps) {
+    const TextSpan span = Clamped(step.span, text.Length());
+    const std::u16string_view replaced = text.GoBehind(span);
+    std::vector<TextEdit> edits = Reduced(replaced, {{{0, span.length}, step.replacement}});
+    std::vector<TextEdit> back = Inverse(replaced, edits);
+    const std::u16string replacement = Edited(replaced, edits);
+    result.caret = span.start + static_cast<int>(replacement.size());
+    if (edits.empty()) continue;
+    text.Replace(span, replacement);
+    back.front().span.start += span.start;
+    Push({std::move(back), span});
+    edits.front().span.start += span.start;
+    result.edits.push_back(std::move(edits.front()));
+  }
+  text_ = std::move(text).Joined();
+  if (!result.edits.empty()) redo_.clear();
+  EndRun();
+  return result;
 }
 
 std::optional<UndoableText::Step> UndoableText::Undo(TextSpan selection) {

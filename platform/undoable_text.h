@@ -31,6 +31,11 @@ class UndoableText {
     TextSpan selection;
   };
 
+  struct CarriedOut {
+    std::vector<TextEdit> edits;
+    std::optional<int> caret;  // behind the last replacement, if there was any
+  };
+
   const std::u16string& text() const { return text_; }
   int Length() const { return static_cast<int>(text_.size()); }
 
@@ -39,6 +44,10 @@ class UndoableText {
 
   // Carries out a reduced batch (platform/text_edits.h) as one step; `selection` is the one before.
   void Change(const std::vector<TextEdit>& edits, TextSpan selection, EditKind kind);
+  // Carries out edits one after the other, each as a step of its own: a span refers to the text as
+  // the ones before it left it, is clamped to it and is what was selected before the step. Edits
+  // that change nothing are left out. Linear for spans that go in one direction.
+  CarriedOut ChangeStepByStep(const std::vector<TextEdit>& steps);
   // The caret was moved: what is typed next does not belong to the step before.
   void EndRun() { runGoesOn_ = false; }
 

@@ -131,29 +131,19 @@ void RichEditBox::Apply(const std::vector<TextEdit>& edits) {
 
 void RichEditBox::ApplyStepByStep(const std::vector<TextEdit>& steps) {
   TakeOverWhatWasMissed();
-  std::vector<TextEdit> carriedOut;
-  TextSpan caret = Selection();
-  for (const TextEdit& step : steps) {
-    const TextSpan span = Clamped(step.span, text_.Length());
-    std::u16string inserted = BoxText(step.replacement);
-    caret = {span.start + static_cast<int>(inserted.size()), 0};
-    const std::vector<TextEdit> reduced = Reduced(text_.text(), {{span, std::move(inserted)}});
-    if (reduced.empty()) continue;
-    text_.Change(reduced, span, EditKind::kOther);
-    carriedOut.push_back(reduced.front());
-  }
-  if (control_ != nullptr) {
+  const UndoableText::CarriedOut carriedOut = text_.ChangeStepByStep(steps);
+  if (control_ != nullptr && carriedOut.caret) {
     const ScopeValue<bool> updating(updating_, true);
     const PaintPause pause(control_);
-    if (IsRebuildingCheaper(carriedOut, text_.Length())) {
+    if (IsRebuildingCheaper(carriedOut.edits, text_.Length())) {
       Rebuild();
     } else {
-      for (const TextEdit& edit : carriedOut) CarryOutInPlace(edit);
+      for (const TextEdit& edit : carriedOut.edits) CarryOutInPlace(edit);
     }
-    SelectInControl(control_, caret);
+    SelectInControl(control_, {*carriedOut.caret, 0});
     SendMessageW(control_, EM_SCROLLCARET, 0, 0);
   }
-  if (!carriedOut.empty()) Raise(events_.changed);
+  if (!carriedOut.edits.empty()) Raise(events_.changed);
 }
 
 void RichEditBox::Undo() {

@@ -42,18 +42,9 @@ void FakeEditBox::Apply(const std::vector<TextEdit>& edits) {
 }
 
 void FakeEditBox::ApplyStepByStep(const std::vector<TextEdit>& steps) {
-  bool changed = false;
-  for (const TextEdit& step : steps) {
-    Select(step.span);
-    const std::u16string inserted = BoxText(step.replacement);
-    const std::vector<TextEdit> reduced = Reduced(text_.text(), {{selection_, inserted}});
-    const TextSpan before =
-        std::exchange(selection_, {selection_.start + static_cast<int>(inserted.size()), 0});
-    if (reduced.empty()) continue;
-    text_.Change(reduced, before, EditKind::kOther);
-    changed = true;
-  }
-  if (changed) Raise(events_.changed);
+  const UndoableText::CarriedOut carriedOut = text_.ChangeStepByStep(steps);
+  if (carriedOut.caret) selection_ = {*carriedOut.caret, 0};
+  if (!carriedOut.edits.empty()) Raise(events_.changed);
 }
 
 void FakeEditBox::Undo() {

@@ -141,6 +141,53 @@ TEST_F(UndoableTextTest, DoesNotAddTypingToAStepThatWasUndoneOrRedone) {
   EXPECT_EQ(AfterUndo(), u"ac");
 }
 
+TEST_F(UndoableTextTest, CarriesOutStepsEachOnTheTextThatTheOneBeforeLeft) {
+  text_.Reset(u"abcdef");
+  Do({6, 0}, u"!");
+  text_.Undo({});
+  const UndoableText::CarriedOut carriedOut = text_.ChangeStepByStep(
+      {{{4, 2}, u"\r\n"}, {{0, 1}, u"xyz"}, {{99, 1}, u"?"}, {{1, 1}, u"y"}, {{-3, 4}, u""}});
+  EXPECT_EQ(text_.text(), u"yzbcd\n?");
+  EXPECT_EQ(carriedOut.edits.size(), 4u) << "y in place of y is no step";
+  EXPECT_EQ(carriedOut.caret, 0);
+  EXPECT_FALSE(text_.CanRedo());
+  EXPECT_EQ(AfterUndo(), u"xyzbcd\n?");
+  EXPECT_EQ(AfterUndo(), u"xyzbcd\n");
+  EXPECT_EQ(AfterUndo(), u"abcd\n");
+  const std::optional<UndoableText::Step> first = text_.Undo({});
+  EXPECT_EQ(text_.text(), u"abcdef");
+  EXPECT_EQ(first->selection, (TextSpan{4, 2}));
+  EXPECT_FALSE(text_.CanUndo());
+}
+
+TEST_F(UndoableTextTest, TellsTheCaretBehindTheLastStepAlsoWhenThatChangesNothing) {
+  text_.Reset(u"abc");
+  EXPECT_EQ(text_.ChangeStepByStep({}).caret, std::nullopt);
+  EXPECT_EQ(text_.ChangeStepByStep({{{0, 0}, u"x\r\n"}, {{3, 9}, u"bc"}}).caret, 5);
+  EXPECT_EQ(text_.text(), u"x\nabc");
+}
+
+TEST_F(UndoableTextTest, SaysHowToFollowItsSteps) {
+  std::mt19937 generator(3);
+  const auto number = [&](int least, int most) {
+    return std::uniform_int_distribution<int>(least, most)(generator);
+  };
+  for (int round = 0; round < 200; ++round) {
+    const std::u16string first = u"some text\nto begin \xD83D\xDE00 with";
+    text_.Reset(first);
+    std::vector<TextEdit> steps;
+    for (int i = 0; i < 5; ++i) {
+      steps.push_back({{number(-2, 30), number(0, 6)}, number(0, 1) == 0 ? u"" : u"new\n"});
+    }
+    std::u16string followed = first;
+    for (const TextEdit& edit : text_.ChangeStepByStep(steps).edits)
+      followed = Edited(followed, {edit});
+    ASSERT_EQ(followed, text_.text());
+    while (text_.CanUndo()) text_.Undo({});
+    ASSERT_EQ(text_.text(), first);
+  }
+}
+
 TEST_F(UndoableTextTest, KeepsAStepForEveryLineOfALongFile) {
   const int steps = static_cast<int>(UndoableText::kUndoSteps);
   for (int i = 0; i < steps + 7; ++i) Do({0, 0}, u"x");

@@ -1,0 +1,172 @@
+// What an edit box costs, next to a bare rich edit control filled in the same run: prints a table.
+// Run under Wine or on Windows, with a display; docs/rich_edit.md explains the numbers.
+#include <windows.h>
+
+#include <ole2.h>
+#include <richedit.h>
+
+#include <algorithm>
+#include <cstdio>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "documents/win32/rich_edit_box.h"
+
+namespace deck {
+namespace {
+
+constexpr int kRounds = 5;
+constexpr wchar_t kWindowClass[] = L"WrenDeckEditBoxBench";
+constexpr RECT kPlace{0, 0, 900, 600};
+
+double Milliseconds() {
+  LARGE_INTEGER now{};
+  LARGE_INTEGER frequency{};
+  QueryPerformanceCounter(&now);
+  QueryPerformanceFrequency(&frequency);
+  return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
+}
+
+double CostOf(const std::function<void()>& action) {
+  const double start = Milliseconds();
+  action();
+  return Milliseconds() - start;
+}
+
+// The machine may be busy with something else in any one round, but not in all.
+class Cost {
+ public:
+  void Add(double milliseconds) { least_ = std::min(least_, milliseconds); }
+  double least() const { return least_; }
+
+ private:
+  double least_ = 1e9;
+};
+
+void Pump() {
+  MSG message{};
+  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
+    TranslateMessage(&message);
+    DispatchMessageW(&message);
+  }
+}
+
+std::u16string Text(int lines) {
+  std::u16string text;
+  for (int i = 0; i < lines; ++i) {
+    text += u"   BTN X1 /U FIRE_THE_GUN /M (* a line of ordinary length *)\n";
+  }
+  return text;
+}
+
+std::vector<int> LineStarts(const std::u16string& text) {
+  std::vector<int> starts = {0};
+  for (std::size_t i = 0; i + 1 < text.size(); ++i) {
+    if (text[i] == u'\n') starts.push_back(static_cast<int>(i) + 1);
+  }
+  return starts;
+}
+
+struct Row {
+  Cost bare, load, apply, undo, steps, undoStep, replaceAll, text, lineOf, type;
+};
+
+Row Measure(HWND window, EditBoxSettings& settings, int lines) {
+  const std::u16string text = Text(lines);
+  const FontHandle font = settings.fonts.Make(96);
+  std::vector<TextEdit> edits;
+  std::vector<TextEdit> steps;
+  for (const int start : LineStarts(text)) {
+    edits.push_back({{start, 3}, u"Rem"});
+    steps.push_back({{start + 4 * static_cast<int>(steps.size()), 0}, u"Rem "});
+  }
+  Row row;
+  for (int round = 0; round < kRounds; ++round) {
+    HWND bare = nullptr;
+    row.bare.Add(CostOf([&] {
+      bare = CreateRichEdit(window, 1, kPlace, font.Get());
+      StreamIntoControl(bare, text);
+      ShowWindow(bare, SW_SHOW);
+    }));
+    Pump();
+    DestroyWindow(bare);
+
+    RichEditBox box(settings, window, 2, 96, {});
+    SetWindowPos(box.Window(), HWND_TOP, 0, 0, kPlace.right, kPlace.bottom, 0);
+    box.SetVisible(true);
+    box.Focus();
+    box.Load(text);
+    Pump();
+    row.load.Add(CostOf([&] { box.Load(text); }));
+    Pump();
+    row.text.Add(CostOf([&] { static_cast<void>(box.Text()); }));
+    row.lineOf.Add(CostOf([&] { static_cast<void>(box.LineOf(box.Length())); }));
+    row.apply.Add(CostOf([&] { box.Apply(edits); }));
+    Pump();
+    row.undo.Add(CostOf([&] { box.Undo(); }));
+    Pump();
+    row.steps.Add(CostOf([&] { box.ApplyStepByStep(steps); }));
+    Pump();
+    row.undoStep.Add(CostOf([&] { box.Undo(); }));
+    box.Load(text);
+    box.Select({box.Length() / 2, 0});
+    Pump();
+    row.type.Add(CostOf([&] { SendMessageW(box.Window(), WM_CHAR, 'x', 1); }));
+    box.Select({0, box.Length()});
+    row.replaceAll.Add(CostOf([&] { box.ReplaceSelection(text + u"end"); }));
+    Pump();
+  }
+  return row;
+}
+
+void Print(int lines, const Row& row) {
+  const double bare = row.bare.least();
+  const struct {
+    const char* name;
+    const Cost& cost;
+  } cells[] = {
+      {"bare control: create, fill, show", row.bare},
+      {"Load over another text", row.load},
+      {"Apply, one edit in each line", row.apply},
+      {"Undo of it", row.undo},
+      {"ApplyStepByStep, one step in each line", row.steps},
+      {"Undo of one of these steps", row.undoStep},
+      {"ReplaceSelection over all text", row.replaceAll},
+      {"Text", row.text},
+      {"LineOf the last position", row.lineOf},
+      {"a typed character in the middle", row.type},
+  };
+  std::printf("%d lines\n", lines);
+  for (const auto& cell : cells) {
+    std::printf("  %-40s %9.2f ms  %5.2f x bare\n", cell.name, cell.cost.least(),
+                cell.cost.least() / bare);
+  }
+  std::fflush(stdout);
+}
+
+void Run() {
+  OleInitialize(nullptr);
+  WNDCLASSW description{};
+  description.lpfnWndProc = DefWindowProcW;
+  description.hInstance = GetModuleHandleW(nullptr);
+  description.lpszClassName = kWindowClass;
+  RegisterClassW(&description);
+  const HWND window = CreateWindowExW(0, kWindowClass, L"Edit box costs",
+                                      WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 940,
+                                      660, nullptr, nullptr, description.hInstance, nullptr);
+  SetForegroundWindow(window);
+  Pump();
+  EditBoxSettings settings;
+  for (const int lines : {200, 2'000, 10'000}) Print(lines, Measure(window, settings, lines));
+  DestroyWindow(window);
+  OleUninitialize();
+}
+
+}  // namespace
+}  // namespace deck
+
+int main() {
+  deck::Run();
+  return 0;
+}

@@ -8,6 +8,7 @@
 #include <functional>
 #include <string>
 
+#include "platform/control_ids.h"
 #include "platform/prompts.h"
 
 namespace deck {
@@ -15,31 +16,31 @@ namespace deck {
 // The pages of `SSTab1`, from 0.
 enum class FindPage { kFind = 0, kReplace = 1, kGotoLine = 2 };
 
-// Numbers of the dialog's controls. They are part of the scripting interface (docs/automation.md):
-// never renumber, only add.
+// The dialog's controls, by the numbers that they have everywhere.
 enum class FindControl : int {
-  kSSTab1 = 1101,
+  kSSTab1 = static_cast<int>(ControlId::kSSTab1),
 
-  kComboTextFind = 1111,
-  kMatchCaseF = 1112,
-  kWholeWordF = 1113,
-  kCommand1 = 1114,  // Find
-  kCommand2 = 1115,  // Close
+  kComboTextFind = static_cast<int>(ControlId::kComboTextFind),
+  kMatchCaseF = static_cast<int>(ControlId::kMatchCaseF),
+  kWholeWordF = static_cast<int>(ControlId::kWholeWordF),
+  kCommand1 = static_cast<int>(ControlId::kFindCommand1),  // Find
+  kCommand2 = static_cast<int>(ControlId::kFindCommand2),  // Close
 
-  kComboTextReplaceFind = 1121,
-  kComboTextReplaceWith = 1122,
-  kMatchCaseR = 1123,
-  kWholeWordR = 1124,
-  kCommand3 = 1125,  // Find
-  kCommand5 = 1126,  // Replace
-  kCommand6 = 1127,  // Replace all
-  kCommand4 = 1128,  // Close
+  kComboTextReplaceFind = static_cast<int>(ControlId::kComboTextReplaceFind),
+  kComboTextReplaceWith = static_cast<int>(ControlId::kComboTextReplaceWith),
+  kMatchCaseR = static_cast<int>(ControlId::kMatchCaseR),
+  kWholeWordR = static_cast<int>(ControlId::kWholeWordR),
+  kCommand3 = static_cast<int>(ControlId::kFindCommand3),  // Find
+  kCommand5 = static_cast<int>(ControlId::kFindCommand5),  // Replace
+  kCommand6 = static_cast<int>(ControlId::kFindCommand6),  // Replace all
+  kCommand4 = static_cast<int>(ControlId::kFindCommand4),  // Close
 
-  kLineToFind = 1131,
-  kCommand7 = 1132,  // Go
-  kCommand8 = 1133,  // Close
+  kLineToFind = static_cast<int>(ControlId::kLineToFind),
+  kCommand7 = static_cast<int>(ControlId::kFindCommand7),  // Go
+  kCommand8 = static_cast<int>(ControlId::kFindCommand8),  // Close
 
-  kCommand9 = 1141,  // unloads the dialog from every page; Esc and the close box are the same
+  kCommand9 = static_cast<int>(ControlId::kFindCommand9),  // unloads the dialog from every page;
+                                                           // Esc and the close box are the same
 };
 
 class FindDialogView {

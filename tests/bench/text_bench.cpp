@@ -38,8 +38,7 @@ BENCHMARK(BM_EncodeFile)->RangeMultiplier(10)->Range(200, 200'000)->Complexity()
 void BM_FindAMiss(benchmark::State& state) {
   const std::u16string text = JoystickFileText(static_cast<int>(state.range(0)));
   for (auto _ : state) {
-    benchmark::DoNotOptimize(
-        FindInText(text, u"not there", 0, static_cast<int>(text.size()), 0));
+    benchmark::DoNotOptimize(FindInText(text, u"not there", 0, static_cast<int>(text.size()), 0));
   }
   state.SetBytesProcessed(state.iterations() *
                           static_cast<std::int64_t>(text.size() * sizeof(char16_t)));

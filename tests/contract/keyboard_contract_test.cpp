@@ -35,8 +35,7 @@ TEST_F(KeyboardContract, TellsEachToggle) {
 }
 
 TEST_F(KeyboardContract, TurnsOffCapsLockAndNothingElse) {
-  for (const ToggleKey key : {ToggleKey::kCapsLock, ToggleKey::kNumLock})
-    world_->Switch(key, true);
+  for (const ToggleKey key : {ToggleKey::kCapsLock, ToggleKey::kNumLock}) world_->Switch(key, true);
   keyboard_.TurnOffCapsLock();
   EXPECT_FALSE(keyboard_.IsOn(ToggleKey::kCapsLock));
   EXPECT_TRUE(keyboard_.IsOn(ToggleKey::kNumLock));

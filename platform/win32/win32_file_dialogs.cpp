@@ -14,8 +14,8 @@ namespace deck {
 namespace {
 
 constexpr DWORD kCommonFlags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-constexpr std::size_t kUsualBuffer = 64 * 1024;
-constexpr std::size_t kLargestBuffer = 4 * 1024 * 1024;
+constexpr std::size_t kUsualBuffer = 64UL * 1024;
+constexpr std::size_t kLargestBuffer = 4UL * 1024 * 1024;
 
 using DialogFunction = BOOL WINAPI(OPENFILENAMEW*);
 

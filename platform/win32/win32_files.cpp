@@ -14,8 +14,8 @@
 namespace deck {
 namespace {
 
-constexpr LONGLONG kLargestFile = 256 * 1024 * 1024;
-constexpr std::size_t kLargestPiece = 16 * 1024 * 1024;
+constexpr LONGLONG kLargestFile = 256LL * 1024 * 1024;
+constexpr std::size_t kLargestPiece = 16UL * 1024 * 1024;
 constexpr DWORD kNotReplaceable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
 // A second file in their place would not be a link, or not be encrypted.
 constexpr DWORD kWrittenInPlace = FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_ENCRYPTED;
@@ -122,7 +122,7 @@ DWORD Overwrite(HANDLE file, std::string_view bytes) {
   // Room first: a full disk is found out before the first old byte is gone.
   LARGE_INTEGER size{};
   if (!GetFileSizeEx(file, &size)) return GetLastError();
-  const LONGLONG wanted = static_cast<LONGLONG>(bytes.size());
+  const auto wanted = static_cast<LONGLONG>(bytes.size());
   if (wanted > size.QuadPart) {
     size.QuadPart = wanted;
     if (!SetFilePointerEx(file, size, nullptr, FILE_BEGIN) || !SetEndOfFile(file))

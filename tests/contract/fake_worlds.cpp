@@ -15,6 +15,7 @@ namespace deck {
 namespace {
 
 constexpr char16_t kFolder[] = u"C:\\Temp\\deck test";
+constexpr std::u16string_view kProgram = u"C:\\report.exe ";
 
 class FakeFilesWorld : public FilesWorld {
  public:
@@ -54,7 +55,7 @@ class FakeProgramsWorld : public ProgramsWorld {
   Files& FilesPort() override { return files_; }
   std::u16string Folder() const override { return kFolder; }
   std::u16string ReportingCommand(const std::u16string& argument) const override {
-    return kProgram + argument;
+    return std::u16string(kProgram) + argument;
   }
   std::optional<Report> WaitForReport() override {
     if (programs_.started.empty()) return std::nullopt;
@@ -68,7 +69,6 @@ class FakeProgramsWorld : public ProgramsWorld {
   }
 
  private:
-  const std::u16string kProgram = u"C:\\report.exe ";
   FakeFiles files_;
   FakePrograms programs_{files_};
 };

@@ -19,7 +19,7 @@ std::optional<std::u16string> FakeCodePage::Decode(std::string_view bytes) const
   std::u16string text;
   text.reserve(bytes.size());
   for (const char byte : bytes) {
-    const unsigned char number = static_cast<unsigned char>(byte);
+    const auto number = static_cast<unsigned char>(byte);
     text += number >= 0x80 && number <= 0x9F ? kFrom80To9F[number - 0x80] : char16_t{number};
   }
   return text;

@@ -207,7 +207,8 @@ const FakeFiles::Node* FakeFiles::Find(const std::u16string& path) const {
 }
 
 FakeFiles::Node* FakeFiles::Find(const std::u16string& path) {
-  return const_cast<Node*>(std::as_const(*this).Find(path));
+  const bool exists = std::as_const(*this).Find(path) != nullptr;
+  return exists ? &nodes_.at(KeyOf(Absolute(path))) : nullptr;
 }
 
 FakeFiles::Node& FakeFiles::Add(const std::u16string& path, bool folder) {
@@ -218,7 +219,7 @@ FakeFiles::Node& FakeFiles::Add(const std::u16string& path, bool folder) {
 
 std::optional<Problem> FakeFiles::WhyNotWritable(FileOperation operation,
                                                  const std::u16string& path) const {
-  if (const auto problem = Injected(operation, path)) return problem;
+  if (auto problem = Injected(operation, path)) return problem;
   const std::u16string absolute = Absolute(path);
   if (absolute.size() > kLongestPath) return Problem{kNameTooLong};
   if (absolute.empty() || HasBadCharacter(absolute)) return Problem{kBadName};

@@ -103,7 +103,8 @@ std::vector<std::u16string> FakeMainWindowView::Captions() const {
 }
 
 FakeMainWindowView::Tab& FakeMainWindowView::At(int position) {
-  return const_cast<Tab&>(std::as_const(*this).TabAt(position));
+  TabAt(position);
+  return tabs[static_cast<std::size_t>(position - 1)];
 }
 
 }  // namespace deck

@@ -102,7 +102,7 @@ std::int32_t LeadingNumber(std::u16string_view text) {
   if (base == 16) text.remove_prefix(2);
   std::uint32_t number = 0;
   for (const char16_t character : text) {
-    const std::uint32_t digit = static_cast<std::uint32_t>(DigitOf(character));
+    const auto digit = static_cast<std::uint32_t>(DigitOf(character));
     if (digit >= base) break;
     number = number * base + digit;
   }

@@ -19,13 +19,13 @@ class TwoByteCodePage : public CodePage {
   std::optional<std::u16string> Decode(std::string_view bytes) const override {
     std::u16string text;
     for (std::size_t i = 0; i < bytes.size(); ++i) {
-      const unsigned char byte = static_cast<unsigned char>(bytes[i]);
+      const auto byte = static_cast<unsigned char>(bytes[i]);
       if (byte < 0x80) {
         text += char16_t{byte};
         continue;
       }
       if (byte != 0x81 || i + 1 == bytes.size()) return std::nullopt;
-      const unsigned char second = static_cast<unsigned char>(bytes[++i]);
+      const auto second = static_cast<unsigned char>(bytes[++i]);
       if (second < 0x40) return std::nullopt;
       text += static_cast<char16_t>(0x4E00 + second);
     }

@@ -215,7 +215,7 @@ void MacroPanelWindow::OnCommand(WORD control, WORD code) {
   }
   if (control != static_cast<WORD>(ControlId::kList1)) return;
   const auto macro = static_cast<int>(SendMessageW(list_, LB_GETCURSEL, 0, 0));
-  if (code == LBN_SELCHANGE) Report(events.macroClicked, macro);
+  if (code == LBN_SELCHANGE && !dragged_) Report(events.macroClicked, macro);
   if (code == LBN_DBLCLK) Report(events.macroDoubleClicked, macro);
 }
 
@@ -268,6 +268,7 @@ LRESULT CALLBACK MacroPanelWindow::ListProcedure(HWND window, UINT message, WPAR
 LRESULT MacroPanelWindow::HandleList(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_KEYDOWN:
+      dragged_ = false;
       if (OnListKey(wParam)) return 0;
       break;
     case WM_CHAR:
@@ -277,6 +278,7 @@ LRESULT MacroPanelWindow::HandleList(UINT message, WPARAM wParam, LPARAM lParam)
       Report(events.listKey);
       break;
     case WM_LBUTTONDOWN:
+      dragged_ = false;
       press_ = {MacroAt(PointOf(lParam)), PointOf(lParam)};
       break;
     case WM_MOUSEMOVE:
@@ -326,6 +328,7 @@ bool MacroPanelWindow::OnListMouseMove(WPARAM keys, POINT where, bool moved) {
 
 void MacroPanelWindow::BeginDrag() {
   const int index = std::exchange(press_, {}).index;
+  dragged_ = true;
   ReleaseCapture();
   const std::u16string text = events.dragStarted ? events.dragStarted(index) : std::u16string();
   if (!text.empty()) DragText(text);

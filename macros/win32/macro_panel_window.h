@@ -90,6 +90,7 @@ class MacroPanelWindow : public MacroPanelView {
   int dpi_ = 96;
   MacroFrameLayout layout_;
   Press press_;
+  bool dragged_ = false;  // since the last press: what the list says of that one is no click
   EdgeDrag edge_;
 };
 

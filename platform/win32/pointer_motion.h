@@ -9,7 +9,10 @@ namespace deck {
 
 // For WM_MOUSEMOVE of the window. False when the pointer was seen at the same place before.
 bool HasPointerMoved(HWND window, LPARAM point);
-// Takes notice of where the pointer is, without a message; to be called now and then.
+// Takes notice of where the pointer is, without a message.
 void NotePointer();
+// The same from a timer: only of a pointer that has not moved since the last time. The message of a
+// movement may still be on its way.
+void NoteRestingPointer();
 
 }  // namespace deck

@@ -156,6 +156,16 @@ TEST_F(MacroPanelWindowTest, DragThatStaysInTheListDoesNotChangeTheChoice) {
   EXPECT_EQ(SendMessageW(Macros(), LB_GETCURSEL, 0, 0), 3);
 }
 
+TEST_F(MacroPanelWindowTest, EndOfADragIsNoClickButTheNextPressIs) {
+  const POINT start = MiddleOf(3);
+  Mouse(Macros(), WM_LBUTTONDOWN, start, MK_LBUTTON);
+  Mouse(Macros(), WM_MOUSEMOVE, {start.x + 30, start.y}, MK_LBUTTON);
+  Mouse(Macros(), WM_LBUTTONUP, {start.x + 30, start.y});
+  EXPECT_EQ(events, std::vector<std::string>{"drag 3"});
+  Click(Macros(), MiddleOf(1));
+  EXPECT_TRUE(Happened("macro clicked 1"));
+}
+
 TEST_F(MacroPanelWindowTest, PressBelowTheLastMacroIsNoDrag) {
   const POINT below{20, PlaceOf(Macros()).height - 30};
   Mouse(Macros(), WM_LBUTTONDOWN, below, MK_LBUTTON);

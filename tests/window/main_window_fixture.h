@@ -121,6 +121,9 @@ class MainWindowFixture : public testing::Test {
     e.tabMiddleClicked = [this](int position) { Add("tab middle-clicked", position); };
     e.tabHovered = [this](int position) { Add("tab hovered", position); };
     e.statusBarHovered = [this] { Add("status bar hovered"); };
+    e.toolbarHovered = [this](CommandId command) {
+      Add("toolbar hovered", static_cast<int>(command));
+    };
     e.filesDropped = [this](const std::vector<std::u16string>& paths) {
       for (const std::u16string& path : paths) Add("dropped " + Narrow(path));
     };

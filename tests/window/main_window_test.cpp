@@ -30,6 +30,7 @@ class MainWindowTest : public MainWindowFixture {
     SetWindowPos(Handle(), nullptr, 0, 0, width, height, SWP_NOMOVE | SWP_NOZORDER);
   }
   int StatusHeight() const { return PlaceOf(Status()).height; }
+  int ToolbarHeight() const { return PlaceOf(Control(ControlId::kToolbar1)).height; }
   int ClientWidth() const {
     RECT client{};
     GetClientRect(Handle(), &client);
@@ -77,10 +78,19 @@ TEST_F(MainWindowTest, TabStripAndEditBoxFillTheWindowAtEverySize) {
   ShowWindowed();
   for (const auto& [width, height] : {std::pair{900, 600}, {700, 500}, {1100, 800}}) {
     Resize(width, height);
-    EXPECT_EQ(PlaceOf(Tabs()), (Rectangle{0, 0, ClientWidth(), ClientHeight() - StatusHeight()}));
+    EXPECT_EQ(PlaceOf(Tabs()), (Rectangle{0, ToolbarHeight(), ClientWidth(),
+                                          ClientHeight() - StatusHeight() - ToolbarHeight()}));
     ExpectEditBoxInsideTabStrip(3, 23, 6);
     EXPECT_FALSE(IsWindowVisible(Frame()));
   }
+}
+
+TEST_F(MainWindowTest, ToolbarStandsOnTopInFullWidth) {
+  ShowWindowed();
+  const Rectangle toolbar = PlaceOf(Control(ControlId::kToolbar1));
+  EXPECT_EQ(toolbar.top, 0);
+  EXPECT_EQ(toolbar.width, ClientWidth());
+  EXPECT_GT(toolbar.height, 16);
 }
 
 TEST_F(MainWindowTest, MacroPanelTakesItsWidthFromTheTabStrip) {
@@ -88,7 +98,8 @@ TEST_F(MainWindowTest, MacroPanelTakesItsWidthFromTheTabStrip) {
   ShowWindowed();
   window.PositionControls(300);
   EXPECT_TRUE(IsWindowVisible(Frame()));
-  EXPECT_EQ(PlaceOf(Frame()), (Rectangle{0, 0, 300, ClientHeight() - StatusHeight()}));
+  EXPECT_EQ(PlaceOf(Frame()), (Rectangle{0, ToolbarHeight(), 300,
+                                         ClientHeight() - StatusHeight() - ToolbarHeight()}));
   EXPECT_EQ(PlaceOf(Tabs()).left, 300);
   EXPECT_EQ(PlaceOf(Tabs()).right(), ClientWidth());
   ExpectEditBoxInsideTabStrip(3, 23, 6);

@@ -11,7 +11,8 @@ class EventLoop {
   // Restarts the timer when it runs. An interval of 0 or less never ticks.
   virtual void StartTimer(TimerId timer, int milliseconds) = 0;
   virtual void StopTimer(TimerId timer) = 0;
-  // Dispatches everything that is pending, shortcuts and dialog keys included, and returns.
+  // Dispatches everything that is pending, shortcuts and dialog keys included, and returns. With
+  // nothing pending it waits some milliseconds for more, so it may be called in a loop.
   virtual void PumpEvents() = 0;
 };
 

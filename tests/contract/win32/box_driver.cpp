@@ -12,6 +12,9 @@ namespace {
 constexpr UINT kLookEvery = 30;  // milliseconds
 constexpr int kPatience = 200;   // looks
 
+// Timers without a window carry nothing but their number.
+BoxDriver* currentDriver = nullptr;
+
 BOOL CALLBACK TakeIfOpenBox(HWND window, LPARAM found) {
   std::array<wchar_t, 32> name{};
   GetClassNameW(window, name.data(), static_cast<int>(name.size()));
@@ -28,16 +31,13 @@ HWND FindOpenBox() {
 
 }  // namespace
 
-BoxDriver* BoxDriver::current_ = nullptr;
-
-BoxDriver::BoxDriver() {
-  current_ = this;
-  timer_ = SetTimer(nullptr, 0, kLookEvery, OnTick);
+BoxDriver::BoxDriver() : timer_(SetTimer(nullptr, 0, kLookEvery, OnTick)) {
+  currentDriver = this;
 }
 
 BoxDriver::~BoxDriver() {
   KillTimer(nullptr, timer_);
-  current_ = nullptr;
+  currentDriver = nullptr;
 }
 
 void BoxDriver::WhenOpen(std::function<void(HWND box)> action) {
@@ -46,7 +46,7 @@ void BoxDriver::WhenOpen(std::function<void(HWND box)> action) {
 }
 
 void CALLBACK BoxDriver::OnTick(HWND, UINT, UINT_PTR, DWORD) {
-  if (current_ != nullptr) current_->Look();
+  if (currentDriver != nullptr) currentDriver->Look();
 }
 
 void BoxDriver::Look() {

@@ -24,10 +24,9 @@ class BoxDriver {
   static void CALLBACK OnTick(HWND, UINT, UINT_PTR, DWORD);
   void Look();
 
-  static BoxDriver* current_;
   std::function<void(HWND)> action_;
   int looksInVain_ = 0;
-  UINT_PTR timer_ = 0;
+  UINT_PTR timer_;
 };
 
 std::u16string TextOf(HWND window);

@@ -16,22 +16,28 @@ constexpr WORD kShortcut = 77;
 class MessageLoopTest : public testing::Test {
  protected:
   MessageLoopTest() {
+    SetWindowLongPtrW(window_.Get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+    loop_.SetShortcuts(window_.Get(), shortcuts_.Get());
+  }
+
+  static HWND MakeWindow() {
     WNDCLASSW description{};
     description.lpfnWndProc = Procedure;
     description.hInstance = GetModuleHandleW(nullptr);
     description.lpszClassName = L"DeckMessageLoopTest";
     RegisterClassW(&description);
-    window_.Reset(CreateWindowExW(0, description.lpszClassName, L"", WS_OVERLAPPEDWINDOW, 0, 0, 200,
-                                  100, nullptr, nullptr, description.hInstance, nullptr));
-    SetWindowLongPtrW(window_.Get(), GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
-    field_ = MakeField(window_.Get());
-    dialog_.Reset(CreateWindowExW(WS_EX_CONTROLPARENT, L"#32770", L"", WS_POPUP, 0, 0, 200, 100,
-                                  window_.Get(), nullptr, description.hInstance, nullptr));
-    first_ = MakeField(dialog_.Get());
-    second_ = MakeField(dialog_.Get());
+    return CreateWindowExW(0, description.lpszClassName, L"", WS_OVERLAPPEDWINDOW, 0, 0, 200, 100,
+                           nullptr, nullptr, description.hInstance, nullptr);
+  }
+
+  static HWND MakeDialog(HWND owner) {
+    return CreateWindowExW(WS_EX_CONTROLPARENT, L"#32770", L"", WS_POPUP, 0, 0, 200, 100, owner,
+                           nullptr, GetModuleHandleW(nullptr), nullptr);
+  }
+
+  static HACCEL MakeShortcuts() {
     ACCEL shortcut{FVIRTKEY, VK_F5, kShortcut};
-    shortcuts_.Reset(CreateAcceleratorTableW(&shortcut, 1));
-    loop_.SetShortcuts(window_.Get(), shortcuts_.Get());
+    return CreateAcceleratorTableW(&shortcut, 1);
   }
 
   static HWND MakeField(HWND parent) {
@@ -45,12 +51,12 @@ class MessageLoopTest : public testing::Test {
   }
 
   std::vector<int> commands_;
-  WindowHandle window_;
-  HWND field_ = nullptr;
-  WindowHandle dialog_;
-  HWND first_ = nullptr;
-  HWND second_ = nullptr;
-  AcceleratorsHandle shortcuts_;
+  const WindowHandle window_{MakeWindow()};
+  const HWND field_ = MakeField(window_.Get());
+  const WindowHandle dialog_{MakeDialog(window_.Get())};
+  const HWND first_ = MakeField(dialog_.Get());
+  const HWND second_ = MakeField(dialog_.Get());
+  const AcceleratorsHandle shortcuts_{MakeShortcuts()};
   MessageLoop loop_;
 
  private:

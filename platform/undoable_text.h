@@ -53,7 +53,7 @@ class UndoableText {
 
   bool CanUndo() const { return !undo_.empty(); }
   bool CanRedo() const { return !redo_.empty(); }
-  std::size_t undoSteps() const { return undo_.size(); }
+  std::size_t UndoSteps() const { return undo_.size(); }
 
   // Carries the step out here; the caller does the same with what it shows. `selection` is the
   // present one. Nothing when there is no step.

@@ -107,14 +107,14 @@ class MainWindow : public MainWindowView {
 
   // False while a message box or dialog waits for its answer.
   bool IsUsable() const;
-  bool MayClose();
+  bool MayClose() const;
   void End();
 
   void CreateParts();
   void SetFonts();
   void SetIcons();
   void Arrange();
-  void ReportKeysAndClock();
+  void ReportKeysAndClock() const;
 
   template <class... Arguments>
   static void Report(const std::function<void(Arguments...)>& event,

@@ -196,7 +196,7 @@ void MainWindow::OnTimer(WPARAM timer) {
   }
 }
 
-void MainWindow::ReportKeysAndClock() {
+void MainWindow::ReportKeysAndClock() const {
   Report(events.keysAndClock, editBoxes_.insertMode, Clock());
 }
 
@@ -214,7 +214,7 @@ bool MainWindow::OnQueryEndSession() {
   return closed_ || (IsUsable() && MayClose());
 }
 
-bool MainWindow::MayClose() {
+bool MainWindow::MayClose() const {
   return !events.queryUnload || events.queryUnload();
 }
 

@@ -100,9 +100,10 @@ bool Toolbar::OnNotify(NMHDR& header) const {
   if (header.hwndFrom != tips || header.code != TTN_GETDISPINFOW) return false;
   const CommandRow* row = FindCommand(static_cast<CommandId>(header.idFrom));
   if (row == nullptr || !toolTips_) return true;
-  // The hints are literals, which end in U+0000.
-  reinterpret_cast<NMTTDISPINFOW&>(header).lpszText =
-      const_cast<wchar_t*>(reinterpret_cast<const wchar_t*>(row->hint.data()));
+  // The hints are literals, which end in U+0000; the system only reads.
+  // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the structure does not say so
+  auto* const hint = const_cast<char16_t*>(row->hint.data());
+  reinterpret_cast<NMTTDISPINFOW&>(header).lpszText = reinterpret_cast<wchar_t*>(hint);
   return true;
 }
 

@@ -43,7 +43,7 @@ std::vector<std::u16string> FilesOf(IDataObject& data) {
   FORMATETC wanted = InMemory(CF_HDROP);
   STGMEDIUM medium{};
   if (FAILED(data.GetData(&wanted, &medium))) return {};
-  const HDROP list = static_cast<HDROP>(medium.hGlobal);
+  auto* const list = static_cast<HDROP>(medium.hGlobal);
   std::vector<std::u16string> paths;
   const UINT count = DragQueryFileW(list, 0xFFFFFFFF, nullptr, 0);
   for (UINT i = 0; i < count; ++i) {

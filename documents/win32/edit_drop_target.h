@@ -15,7 +15,8 @@ namespace deck {
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 
-class EditDropTarget final : public IDropTarget {
+class EditDropTarget final  // NOLINT(cppcoreguidelines-virtual-class-destructor): see above
+    : public IDropTarget {
  public:
   struct Receiver {
     // The point is in screen coordinates.

@@ -101,11 +101,14 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnCharacter(static_cast<char16_t>(wParam));
       return 0;
     case WM_SYSCHAR:
+      // Alt and Backspace was an undo; the system would look for a menu of that name and beep.
+      if (wParam == VK_BACK) return 0;
       return DefWindowProcW(window, message, wParam, lParam);
     case WM_KEYUP:
     case WM_SYSKEYUP:
       if (wParam == VK_APPS) OnContextMenu(CaretPlace());
       Raise(events_.keyOrMouseDone);
+      if (wParam == VK_APPS) return 0;
       if (message == WM_SYSKEYUP) return DefWindowProcW(window, message, wParam, lParam);
       break;
     case WM_LBUTTONDOWN:

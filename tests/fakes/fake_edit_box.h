@@ -42,7 +42,7 @@ class FakeEditBox : public EditBox {
 
   bool visible() const { return visible_; }
   bool focused() const { return focusOwner_ == this; }
-  int undoSteps() const { return static_cast<int>(text_.undoSteps()); }
+  int undoSteps() const { return static_cast<int>(text_.UndoSteps()); }
 
   // Part of the text is not in the font of documents.
   bool hasForeignFont = false;

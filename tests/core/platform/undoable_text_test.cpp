@@ -191,7 +191,7 @@ TEST_F(UndoableTextTest, SaysHowToFollowItsSteps) {
 TEST_F(UndoableTextTest, KeepsAStepForEveryLineOfALongFile) {
   const int steps = static_cast<int>(UndoableText::kUndoSteps);
   for (int i = 0; i < steps + 7; ++i) Do({0, 0}, u"x");
-  EXPECT_EQ(text_.undoSteps(), UndoableText::kUndoSteps);
+  EXPECT_EQ(text_.UndoSteps(), UndoableText::kUndoSteps);
   while (text_.CanUndo()) text_.Undo({});
   EXPECT_EQ(text_.Length(), 7);
 }
@@ -201,7 +201,7 @@ TEST_F(UndoableTextTest, KeepsAHundredStepsHoweverLargeTheyAre) {
   for (int i = 0; i < 130; ++i) {
     Do({0, text_.Length()}, large + (i % 2 == 0 ? u"a" : u"b"));
   }
-  EXPECT_EQ(text_.undoSteps(), UndoableText::kUndoStepsAlways);
+  EXPECT_EQ(text_.UndoSteps(), UndoableText::kUndoStepsAlways);
 }
 
 TEST_F(UndoableTextTest, LeadsBackThroughAnyHistoryOfTypingErasingAndBatches) {

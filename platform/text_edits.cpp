@@ -26,7 +26,7 @@ std::size_t CommonStart(std::u16string_view left, std::u16string_view right) {
   const std::size_t most = std::min(left.size(), right.size());
   const auto common =
       std::mismatch(left.begin(), left.begin() + static_cast<std::ptrdiff_t>(most), right.begin());
-  std::size_t length = static_cast<std::size_t>(common.first - left.begin());
+  auto length = static_cast<std::size_t>(common.first - left.begin());
   if (length > 0 && IsHighSurrogate(left[length - 1])) --length;
   return length;
 }
@@ -35,7 +35,7 @@ std::size_t CommonEnd(std::u16string_view left, std::u16string_view right) {
   const std::size_t most = std::min(left.size(), right.size());
   const auto common = std::mismatch(
       left.rbegin(), left.rbegin() + static_cast<std::ptrdiff_t>(most), right.rbegin());
-  std::size_t length = static_cast<std::size_t>(common.first - left.rbegin());
+  auto length = static_cast<std::size_t>(common.first - left.rbegin());
   if (length > 0 && IsLowSurrogate(left[left.size() - length])) --length;
   return length;
 }

@@ -34,7 +34,7 @@ class GapText {
 
   // Moves the gap behind the span and gives the span's text.
   std::u16string_view GoBehind(TextSpan span) {
-    const std::size_t end = static_cast<std::size_t>(span.end());
+    const auto end = static_cast<std::size_t>(span.end());
     while (head_.size() > end) {
       tail_ += head_.back();
       head_.pop_back();

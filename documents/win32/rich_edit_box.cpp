@@ -228,7 +228,8 @@ void RichEditBox::CarryOut(const std::vector<TextEdit>& edits) {
     return;
   }
   // Last to first, so that the spans stay where they are.
-  for (auto edit = edits.rbegin(); edit != edits.rend(); ++edit) CarryOutInPlace(*edit);
+  std::for_each(edits.rbegin(), edits.rend(),
+                [this](const TextEdit& edit) { CarryOutInPlace(edit); });
   if (ControlLength(control_) != text_.Length()) Rebuild();
 }
 

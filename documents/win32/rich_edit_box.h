@@ -82,7 +82,7 @@ class RichEditBox final : public EditBox {
   static constexpr UINT_PTR kSubclassId = 1;
   static constexpr wchar_t kBoxProperty[] = L"WrenDeckEditBox";  // of a control: its box
   static LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                           UINT_PTR id, DWORD_PTR box);
+                                           UINT_PTR id, DWORD_PTR self);
   static LRESULT CALLBACK ParentProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                           UINT_PTR id, DWORD_PTR data);
 

@@ -54,9 +54,9 @@ EditKeyAction ActionOf(EditMenuCommand command) {
 }  // namespace
 
 LRESULT CALLBACK RichEditBox::ControlProcedure(HWND window, UINT message, WPARAM wParam,
-                                               LPARAM lParam, UINT_PTR, DWORD_PTR data) {
+                                               LPARAM lParam, UINT_PTR, DWORD_PTR self) {
   return InProcedure([&]() -> LRESULT {
-    RichEditBox& box = *reinterpret_cast<RichEditBox*>(data);
+    RichEditBox& box = *reinterpret_cast<RichEditBox*>(self);
     if (message == WM_DESTROY) RevokeDragDrop(window);
     if (message == WM_NCDESTROY) {
       RemoveWindowSubclass(window, ControlProcedure, kSubclassId);
@@ -308,7 +308,7 @@ TextSpan RichEditBox::TypedOver(char16_t character) const {
       IsLowSurrogate(character)) {
     return selection;
   }
-  const std::size_t caret = static_cast<std::size_t>(selection.start);
+  const auto caret = static_cast<std::size_t>(selection.start);
   const bool atLineEnd = caret >= text_.text().size() || text_.text()[caret] == u'\n';
   return atLineEnd ? selection : CharacterBehind(text_.text(), selection.start);
 }

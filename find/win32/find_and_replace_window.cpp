@@ -360,11 +360,11 @@ void FindAndReplaceWindow::OnCommand(WORD id, WORD code) {
   }
 }
 
-void FindAndReplaceWindow::Clicked(FindControl control) {
+void FindAndReplaceWindow::Clicked(FindControl control) const {
   if (events_.clicked) events_.clicked(control);
 }
 
-void FindAndReplaceWindow::OnPointerMoved(HWND window, LPARAM point) {
+void FindAndReplaceWindow::OnPointerMoved(HWND window, LPARAM point) const {
   if (HasPointerMoved(window, point) && events_.mouseMoved) events_.mouseMoved();
 }
 

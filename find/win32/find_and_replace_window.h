@@ -71,10 +71,10 @@ class FindAndReplaceWindow : public FindDialogView {
   void ShowPage(FindPage page);
   void ChoosePage(FindPage page);
   void OnCommand(WORD id, WORD code);
-  void OnPointerMoved(HWND window, LPARAM point);
+  void OnPointerMoved(HWND window, LPARAM point) const;
   void OnDpiChanged(int dpi, const RECT& suggested);
   bool OnTurnPage(int direction);
-  void Clicked(FindControl control);
+  void Clicked(FindControl control) const;
 
   HWND owner_;
   MessageLoop& loop_;

@@ -69,10 +69,11 @@ void Report(const std::function<void(Arguments...)>& event, Arguments... argumen
 
 MacroPanelWindow::MacroPanelWindow(HWND parent) {
   RegisterFrameClass(Procedure);
-  window_ = CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, L"FrameMacros",
-                            WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, 0, 0, 0, parent,
-                            reinterpret_cast<HMENU>(static_cast<INT_PTR>(ControlId::kFrameMacros)),
-                            GetModuleHandleW(nullptr), this);
+  // The handle is taken from the window's first message.
+  CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, L"FrameMacros",
+                  WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, 0, 0, 0, parent,
+                  reinterpret_cast<HMENU>(static_cast<INT_PTR>(ControlId::kFrameMacros)),
+                  GetModuleHandleW(nullptr), this);
 }
 
 void MacroPanelWindow::CreateControls() {
@@ -358,7 +359,7 @@ void MacroPanelWindow::BeginEdgeDrag(int x) {
   SetCapture(window_);
 }
 
-void MacroPanelWindow::MoveEdge(int x) {
+void MacroPanelWindow::MoveEdge(int x) const {
   Report(events.splitterMoved, ScaleFromDpi(std::max(x + edge_.offset, 1), dpi_));
 }
 

@@ -78,7 +78,7 @@ class MacroPanelWindow : public MacroPanelView {
 
   bool IsOnSplitter(POINT where) const;
   void BeginEdgeDrag(int x);
-  void MoveEdge(int x);
+  void MoveEdge(int x) const;
   void EndEdgeDrag(bool keep);
   int Width() const;  // pixels at 96 dpi
 

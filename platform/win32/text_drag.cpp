@@ -53,6 +53,7 @@ HGLOBAL CodePageTextOf(const std::u16string& text) {
 template <class Interface>
 class Counted : public Interface {
  public:
+  virtual ~Counted() = default;
   HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** object) override {
     const bool isKnown = id == IID_IUnknown || id == __uuidof(Interface);
     *object = isKnown ? this : nullptr;
@@ -66,9 +67,6 @@ class Counted : public Interface {
     if (left == 0) delete this;
     return left;
   }
-
- protected:
-  virtual ~Counted() = default;
 
  private:
   std::atomic<ULONG> users_ = 1;

@@ -15,7 +15,7 @@ namespace deck {
 namespace {
 
 constexpr LONGLONG kLargestFile = 256LL * 1024 * 1024;
-constexpr std::size_t kLargestPiece = 16UL * 1024 * 1024;
+constexpr std::size_t kLargestPiece = std::size_t{16} * 1024 * 1024;
 constexpr DWORD kNotReplaceable = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_READONLY;
 // A second file in their place would not be a link, or not be encrypted.
 constexpr DWORD kWrittenInPlace = FILE_ATTRIBUTE_REPARSE_POINT | FILE_ATTRIBUTE_ENCRYPTED;

@@ -47,7 +47,8 @@ Editor::Editor(const EditorPorts& ports)
       edit_(documents_, ports.clipboard),
       keyTest_(ports.keyTest, settings_,
                {ports.files, ports.profiles, ports.dialogs, ports.prompts, ports.events,
-                ports.keyboard, ports.clipboard, ports.codePage}) {
+                ports.keyboard, ports.clipboard, ports.codePage}),
+      find_(documents_, status_, ports.findDialog) {
   JoinFeatures();
   FillHandlers();
 }
@@ -81,6 +82,7 @@ void Editor::JoinFileCommands() {
 void Editor::JoinCompiler() {
   wait_.closing = [this] { return closing_; };
   compile_.links.saveCurrentDocument = [this] { files_.FileSave(); };
+  compile_.links.minimiseFind = [this] { find_.Minimise(); };
   compile_.links.minimiseQuickHelp = [this] { quickHelp_.Minimise(); };
   download_.enableAfterDownload = [this] { return ticks_.enableAfterDownload; };
   runApps_.ignoreRunApp = [this] { return ticks_.ignoreRunApp; };
@@ -174,6 +176,7 @@ void Editor::Unload() {
   // Where the settings cannot be written they do not persist.
   static_cast<void>(SaveEditorPosition(
       ports_.profiles, settings_, {ticks_, ports_.window.Placement()}, ports_.window.ScreenSize()));
+  find_.Close();
   quickHelp_.Close();
   keyTest_.Unload();
   if (!helpFile_.UseHlpFile) ports_.help.CloseAll();
@@ -201,6 +204,10 @@ void Editor::FillHandlers() {
       {CommandId::kSelectAll, [this] { edit_.mnuEditSelAll(); }},
       {CommandId::kRefreshFonts, [this] { edit_.mnuRefreshFonts(); }},
       {CommandId::kKeyTest, [this] { keyTest_.Show(); }},
+      {CommandId::kFind, [this] { find_.mnuFRGArray(0); }},
+      {CommandId::kReplace, [this] { find_.mnuFRGArray(1); }},
+      {CommandId::kGotoLine, [this] { find_.mnuFRGArray(2); }},
+      {CommandId::kFindAgain, [this] { find_.FindAgain(); }},
       {CommandId::kBlockRem, [this] { blockRem_.REMblock(); }},
       {CommandId::kBlockUnRem, [this] { blockRem_.REMunblock(); }},
       {CommandId::kAlignSlashes, [this] { alignment_.RemoveSpaces(); }},

@@ -22,6 +22,8 @@
 #include "documents/file_commands.h"
 #include "documents/print_command.h"
 #include "documents/status_bar.h"
+#include "find/find_and_replace.h"
+#include "find/find_dialog_view.h"
 #include "help/help_commands.h"
 #include "help/help_file.h"
 #include "help/info_window_view.h"
@@ -66,6 +68,7 @@ struct EditorPorts {
   Printer& printer;
   Clipboard& clipboard;
   KeyTestView& keyTest;
+  FindDialogView& findDialog;
 };
 
 class Editor {
@@ -149,6 +152,7 @@ class Editor {
   SlashAlignment alignment_;
   EditCommands edit_;
   KeyTestPresenter keyTest_;
+  FindAndReplace find_;
   std::map<CommandId, std::function<void()>> handlers_;
 
   bool closing_ = false;

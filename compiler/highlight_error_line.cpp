@@ -1,6 +1,7 @@
 #include "compiler/highlight_error_line.h"
 
 #include "compiler/texts.h"
+#include "documents/line_span.h"
 
 namespace deck {
 namespace {
@@ -13,14 +14,6 @@ constexpr std::size_t kErrorNumberPosition = 6;
 bool IsPlaceInDocument(std::u16string_view errorCode) {
   return errorCode.size() < kErrorNumberPosition ||
          !errorCode.substr(kErrorNumberPosition).starts_with(kErrorWithoutPlace);
-}
-
-std::optional<TextSpan> SpanOfLine(const EditBox& box, int line) {
-  const int start = box.StartOfLine(line);
-  if (start < 0) return std::nullopt;
-  const int next = box.StartOfLine(line + 1);
-  const int end = next < 0 ? box.Length() : next;
-  return TextSpan{.start = start, .length = end - start};
 }
 
 void HighlightErrorLine(std::int16_t lineNumber, std::u16string_view errorCode,

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "documents/line_span.h"
 #include "find/find_texts.h"
 #include "find/line_number.h"
 #include "find/replace_all.h"
@@ -281,7 +282,7 @@ void FindAndReplace::Command7() {
   }
   const std::optional<TextSpan> span = SpanOfLine(box, line);
   if (!span) {
-    view_.Tell(LineNotFound());
+    view_.Tell(GotoLineNotFound());
     return;
   }
   box.Select(*span);

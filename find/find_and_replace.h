@@ -18,6 +18,7 @@ class FindAndReplace {
  public:
   // The view reports to this object from now on; all of them have to outlive it.
   FindAndReplace(DocumentSet& documents, StatusBar& status, FindDialogView& view);
+  ~FindAndReplace() { view_.Connect({}); }
   FindAndReplace(const FindAndReplace&) = delete;
   FindAndReplace& operator=(const FindAndReplace&) = delete;
 

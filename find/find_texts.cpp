@@ -47,7 +47,7 @@ Message InvalidLineNumber() {
   return {u"The line number is invalid", u"Check the value you entered!", BoxStyle::kExclamation};
 }
 
-Message LineNotFound() {
+Message GotoLineNotFound() {
   return {u"Line not found", u"Oops!", BoxStyle::kExclamation};
 }
 

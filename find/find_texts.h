@@ -25,6 +25,6 @@ Message TextNotFound(const std::u16string& text, const std::u16string& file);
 Message NoFurtherInstances(const std::u16string& text, const std::u16string& file);
 Message ReplacementsMade(std::int16_t count, const std::u16string& file);
 Message InvalidLineNumber();
-Message LineNotFound();
+Message GotoLineNotFound();
 
 }  // namespace deck

@@ -49,7 +49,7 @@ int Number(std::u16string_view digits) {
 // Digits with the decimal point moved behind the first `places` of them.
 int IntegerPart(std::u16string_view digits, std::int64_t places) {
   if (places <= 0) return 0;
-  const std::int64_t size = static_cast<std::int64_t>(digits.size());
+  const auto size = static_cast<std::int64_t>(digits.size());
   if (places <= size) return Number(digits.substr(0, static_cast<std::size_t>(places)));
   // With so many behind it, any digit but 0 makes the number too large.
   constexpr std::int64_t kZeros = 11;
@@ -79,14 +79,6 @@ int LineNumberOf(std::u16string_view text) {
   if (!reader.AtEnd() || negative) return 0;
   return IntegerPart(std::u16string(whole) + std::u16string(fraction),
                      static_cast<std::int64_t>(whole.size()) + exponent);
-}
-
-std::optional<TextSpan> SpanOfLine(const EditBox& box, int line) {
-  const int start = box.StartOfLine(line);
-  if (start < 0 || box.LineOf(start) != line) return std::nullopt;
-  const int next = line == kMost ? -1 : box.StartOfLine(line + 1);
-  const int end = next < 0 ? box.Length() : next;
-  return TextSpan{start, end - start};
 }
 
 }  // namespace deck

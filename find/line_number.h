@@ -1,10 +1,7 @@
-// The number in `LineToFind` and the lines of a document.
+// The number in `LineToFind`.
 #pragma once
 
-#include <optional>
 #include <string_view>
-
-#include "platform/edit_box.h"
 
 namespace deck {
 
@@ -12,8 +9,5 @@ namespace deck {
 // gives 100. Text that is no number gives 0, and so does every number below 1. Numbers too large
 // for an int give the largest one.
 int LineNumberOf(std::u16string_view text);
-
-// The line, its ending included; nothing when the box has no such line. Lines count from 1.
-std::optional<TextSpan> SpanOfLine(const EditBox& box, int line);
 
 }  // namespace deck

@@ -10,6 +10,7 @@
 
 #include "app/editor.h"
 #include "app/win32/main_window.h"
+#include "find/win32/find_and_replace_window.h"
 #include "help/win32/info_window.h"
 #include "keytest/win32/key_test_form.h"
 #include "platform/strings.h"
@@ -151,12 +152,14 @@ int RunEditor() {
   loop.AddFilter([&help](MSG& message) { return help.Translate(message); });
 
   InfoWindow infoWindow(window.Handle(), loop);
+  FindAndReplaceWindow findDialog(window.Handle(), loop);
+  loop.AddFilter([&findDialog](MSG& message) { return findDialog.TakeKey(message); });
   Win32Printer printer(owner);
   Win32Clipboard clipboard([&window] { return window.Handle(); });
 
   Editor editor({window, window.MacroPanel(), files, profiles, dialogs, prompts, programs,
                  eventLoop, keyboard, codePage, system, help, infoWindow, printer, clipboard,
-                 keyTest});
+                 keyTest, findDialog});
   infoWindow.events = {
       .closeWanted = [&editor] { editor.InfoPages().Close(); },
       .overOk = [&editor] { editor.InfoPages().OnHoverOk(); },

@@ -15,6 +15,7 @@
 #include "tests/fakes/fake_event_loop.h"
 #include "tests/fakes/fake_file_dialogs.h"
 #include "tests/fakes/fake_files.h"
+#include "tests/fakes/fake_find_dialog_view.h"
 #include "tests/fakes/fake_help_system.h"
 #include "tests/fakes/fake_info_window_view.h"
 #include "tests/fakes/fake_key_test_view.h"
@@ -95,8 +96,10 @@ class EditorFixture : public testing::Test {
   FakePrinter printer;
   FakeClipboard clipboard;
   FakeKeyTestView keyTest;
-  EditorPorts ports{view,     panel,    files,  profiles, dialogs,    prompts, programs,  events,
-                    keyboard, codePage, system, help,     infoWindow, printer, clipboard, keyTest};
+  FakeFindDialogView findDialog{prompts};
+  EditorPorts ports{view,       panel,   files,     profiles, dialogs,   prompts,
+                    programs,   events,  keyboard,  codePage, system,    help,
+                    infoWindow, printer, clipboard, keyTest,  findDialog};
   Editor editor{ports};
 };
 

@@ -130,9 +130,11 @@ TEST_F(StartTest, IgnoresACommandLineThatNamesNoFile) {
                                          u"WrenDeck.exe C:\\Host\\*.exe", u"WrenDeck.exe /help"}) {
     FakeMainWindowView otherView;
     FakeKeyTestView otherKeyTest;
+    FakeFindDialogView otherFindDialog{prompts};
     otherView.makeEditBox = view.makeEditBox;
     Editor other{{otherView, panel, files, profiles, dialogs, prompts, programs, events, keyboard,
-                  codePage, system, help, infoWindow, printer, clipboard, otherKeyTest}};
+                  codePage, system, help, infoWindow, printer, clipboard, otherKeyTest,
+                  otherFindDialog}};
     ASSERT_TRUE(other.Load(kHostFolder, line));
     EXPECT_EQ(otherView.Captions(), Captions{u"Untitled"});
   }

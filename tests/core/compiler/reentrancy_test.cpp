@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "compiler/highlight_error_line.h"
+#include "documents/line_span.h"
 #include "tests/core/compiler/download_fixture.h"
 
 namespace deck {

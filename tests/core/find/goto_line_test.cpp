@@ -106,32 +106,6 @@ TEST_F(GotoLineTest, SaysWhenTheLineIsNotWhereItShouldBe) {
   }
 }
 
-// What goto line promises: one query per character from the top.
-std::optional<TextSpan> Scan(const EditBox& box, int line) {
-  int start = 0;
-  while (start < box.Length() && box.LineOf(start) != line) ++start;
-  if (box.LineOf(start) != line) return std::nullopt;
-  int end = start;
-  while (end < box.Length() && box.LineOf(end) == line) ++end;
-  return TextSpan{start, end - start};
-}
-
-TEST(SpanOfLine, IsWhatAScanOfEveryCharacterFinds) {
-  std::mt19937 random(63);
-  for (int round = 0; round < 300; ++round) {
-    FakeEditBox box;
-    std::u16string text;
-    for (auto i = random() % 40; i > 0; --i) text += random() % 3 == 0 ? u'\n' : u'x';
-    box.Load(text);
-    for (int line = 1; line <= box.LineOf(box.Length()); ++line) {
-      ASSERT_EQ(SpanOfLine(box, line), Scan(box, line)) << "round " << round << " line " << line;
-    }
-    EXPECT_EQ(SpanOfLine(box, box.LineOf(box.Length()) + 1), std::nullopt);
-    EXPECT_EQ(SpanOfLine(box, 0), std::nullopt);
-    EXPECT_EQ(SpanOfLine(box, std::numeric_limits<int>::max()), std::nullopt);
-  }
-}
-
 TEST(LineNumberOf, GivesTheLargestIntForAllThatIsLarger) {
   constexpr int kMost = std::numeric_limits<int>::max();
   EXPECT_EQ(LineNumberOf(u"2147483646"), kMost - 1);

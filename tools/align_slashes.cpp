@@ -5,7 +5,6 @@
 #include <cassert>
 #include <utility>
 
-#include "platform/strings.h"
 #include "platform/text_edits.h"
 
 namespace deck {
@@ -20,8 +19,17 @@ bool IsBlank(char16_t character) {
   return character == u' ' || character == u'\t';
 }
 
+// In any case; `word` is of small letters, which differ from the capital ones in one bit.
+bool BeginsWith(std::u16string_view line, std::u16string_view word) {
+  constexpr int kSmall = 0x20;
+  if (line.size() < word.size()) return false;
+  for (std::size_t i = 0; i < word.size(); ++i)
+    if ((line[i] | kSmall) != word[i]) return false;
+  return true;
+}
+
 bool BeginsWithRem(std::u16string_view line) {
-  return StartsWithIgnoringCase(line, u"rem");
+  return BeginsWith(line, u"rem");
 }
 
 bool IsComment(std::u16string_view rawLine) {
@@ -29,18 +37,20 @@ bool IsComment(std::u16string_view rawLine) {
 }
 
 bool IsStatement(std::u16string_view line) {
-  return std::ranges::any_of(
-      kStatements, [line](std::u16string_view word) { return StartsWithIgnoringCase(line, word); });
+  return std::ranges::any_of(kStatements,
+                             [line](std::u16string_view word) { return BeginsWith(line, word); });
 }
 
 void Normalise(std::u16string_view rawLine, std::u16string& line) {
-  line.clear();
+  line.resize(rawLine.size());
+  auto end = line.begin();
   bool afterBlank = true;
   for (const char16_t character : rawLine) {
     const bool blank = IsBlank(character);
-    if (!blank || !afterBlank) line += blank ? u' ' : character;
+    if (!blank || !afterBlank) *end++ = blank ? u' ' : character;
     afterBlank = blank;
   }
+  line.erase(end, line.end());
 }
 
 // Where a line has its slash modifiers.
@@ -56,8 +66,8 @@ class Modifiers {
   }
 
   bool HasSlash() const { return hasSlash_; }
-  // Of the first one in the line; 0 when there is none. `letter` is a capital one.
-  int ColumnOf(char16_t letter) const { return columns_[Index(letter)]; }
+  // Of the first one in the line; 0 when there is none.
+  int ColumnOf(char16_t letter) const { return columns_[IndexOf(letter)]; }
   // Of the first of these letters that the line has, in the order given.
   int ColumnOfFirst(std::u16string_view letters) const {
     for (const char16_t letter : letters)
@@ -70,14 +80,37 @@ class Modifiers {
   }
 
  private:
-  static std::size_t Index(char16_t letter) { return static_cast<std::size_t>(letter - u'A'); }
+  static constexpr std::size_t kLetters = 8;
+
+  // kLetters for a letter that is none of theirs.
+  static constexpr std::size_t IndexOf(char16_t letter) {
+    switch (letter) {
+      case u'U':
+        return 0;
+      case u'M':
+        return 1;
+      case u'D':
+        return 2;
+      case u'I':
+        return 3;
+      case u'O':
+        return 4;
+      case u'P':
+        return 5;
+      case u'R':
+        return 6;
+      case u'T':
+        return 7;
+      default:
+        return kLetters;
+    }
+  }
   void Found(char16_t letter, int column) {
-    if (letter < u'A' || letter > u'Z') return;
-    int& first = columns_[Index(letter)];
-    if (first == 0) first = column;
+    const std::size_t index = IndexOf(letter);
+    if (index < kLetters && columns_[index] == 0) columns_[index] = column;
   }
 
-  std::array<int, 26> columns_{};
+  std::array<int, kLetters> columns_{};
   bool hasSlash_ = false;
 };
 
@@ -92,6 +125,7 @@ class Aligner {
       return;
     }
     Normalise(rawLine, line_);
+    if (line_.empty()) return;
     const int blanks = Pad();
     const bool indented =
         blanks + static_cast<int>(line_.size()) >= 3 && (blanks > 0 || !BeginsWithRem(line_));

@@ -371,7 +371,7 @@ class RandomTexts {
   std::mt19937 generator_{4};
 };
 
-constexpr int kRandomTexts = 20'000;
+constexpr int kRandomTexts = 4'000;
 
 std::u16string WithoutBlanks(std::u16string text) {
   std::erase(text, u' ');

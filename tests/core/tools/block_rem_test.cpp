@@ -197,7 +197,7 @@ TextSpan SameLines(std::u16string_view before, TextSpan selection, std::u16strin
 
 TEST(BlockRemProperty, UnRemGivesTheTextBack) {
   RandomTexts texts;
-  for (int i = 0; i < 20'000; ++i) {
+  for (int i = 0; i < 5'000; ++i) {
     const auto [text, selection] = texts.Next();
     std::u16string commented = text;
     for (const TextEdit& step : RemSteps(text, selection).steps) {
@@ -212,7 +212,7 @@ TEST(BlockRemProperty, UnRemGivesTheTextBack) {
 
 TEST(BlockRemProperty, EveryLineOfTheSelectionGetsOneWordAndNoOther) {
   RandomTexts texts;
-  for (int i = 0; i < 20'000; ++i) {
+  for (int i = 0; i < 5'000; ++i) {
     const auto [text, selection] = texts.Next();
     if (text.empty()) continue;
     const LineSteps lines = RemSteps(text, selection);

@@ -32,6 +32,11 @@ if(WRENDECK_SANITIZE)
   add_link_options(${sanitizers})
 endif()
 
+if(WRENDECK_FUZZ)
+  # The fuzzer follows every branch of what it is linked to.
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
+
 if(WIN32)
   # Windows 7 is the oldest system the program supports.
   target_compile_definitions(deck_options INTERFACE UNICODE _UNICODE NOMINMAX WIN32_LEAN_AND_MEAN

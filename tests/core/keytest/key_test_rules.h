@@ -6,39 +6,50 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "keytest/key_code_table.h"
 #include "keytest/key_tester.h"
+#include "platform/strings.h"
 
 namespace deck {
 
 using RequireRule = std::function<void(bool holds, const char* rule)>;
 
-// Of ParseKeyCodes and WhichKey.
+// Codes of keys, and both ends of what a code can be.
+inline constexpr std::pair<int, int> kCodeRanges[] = {
+    {INT16_MIN, INT16_MIN + 8}, {-300, 300}, {INT16_MAX - 8, INT16_MAX}};
+
+inline void ForEachCode(const std::function<void(std::int16_t code)>& action) {
+  for (const auto& [first, last] : kCodeRanges) {
+    for (int code = first; code <= last; ++code) action(static_cast<std::int16_t>(code));
+  }
+}
+
+// Of ParseKeyCodes.
 inline void RequireTableRules(std::u16string_view text, const RequireRule& require) {
   const KeyCodeTable table = ParseKeyCodes(text);
   require(table.Count() >= 0 && table.Count() <= KeyCodeTable::kMostEntries, "entries are counted");
   // A table written out again is the same table.
   std::u16string written;
   int named = 0;
-  for (int code = INT16_MIN; code <= INT16_MAX; ++code) {
-    const std::u16string* name = table.NameOf(static_cast<std::int16_t>(code));
-    if (name == nullptr) continue;
+  ForEachCode([&](std::int16_t code) {
+    const std::u16string* name = table.NameOf(code);
+    if (name == nullptr) return;
     ++named;
     require(name->find_first_of(u"\r\n") == std::u16string::npos, "a name is part of a line");
     require(text.find(*name) != std::u16string_view::npos, "a name is what the file says");
-    const std::string number = std::to_string(code);
-    written += std::u16string(number.begin(), number.end()) + u"," + *name + u"\n";
-  }
+    written += Decimal(code) + u"," + *name + u"\n";
+  });
   require(named <= table.Count(), "a name needs an entry");
   const KeyCodeTable again = ParseKeyCodes(written);
   require(again.Count() == named, "every name is an entry again");
-  for (int code = INT16_MIN; code <= INT16_MAX; ++code) {
-    const std::u16string* name = table.NameOf(static_cast<std::int16_t>(code));
-    const std::u16string* copy = again.NameOf(static_cast<std::int16_t>(code));
+  ForEachCode([&](std::int16_t code) {
+    const std::u16string* name = table.NameOf(code);
+    const std::u16string* copy = again.NameOf(code);
     require((name == nullptr) == (copy == nullptr) && (name == nullptr || *name == *copy),
             "a name survives being written");
-  }
+  });
 }
 
 // The machine with the rules round it.

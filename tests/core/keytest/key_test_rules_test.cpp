@@ -35,7 +35,7 @@ std::u16string RandomTable(Dice& dice) {
 
 TEST(KeyTestRules, HoldForAnyTable) {
   Dice dice(1);
-  for (int round = 0; round < 40; ++round) RequireTableRules(RandomTable(dice), Expect);
+  for (int round = 0; round < 2000; ++round) RequireTableRules(RandomTable(dice), Expect);
 }
 
 TEST(KeyTestRules, HoldForAnySequenceOfEvents) {

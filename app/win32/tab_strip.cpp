@@ -27,6 +27,14 @@ TCITEMW ItemWith(std::u16string& caption) {
   return item;
 }
 
+TTTOOLINFOW ToolOf(HWND tabs, int index) {
+  TTTOOLINFOW tool{};
+  tool.cbSize = TTTOOLINFOW_V2_SIZE;  // the newest one that every version of the control takes
+  tool.hwnd = tabs;
+  tool.uId = static_cast<UINT_PTR>(index);
+  return tool;
+}
+
 }  // namespace
 
 TabStrip::TabStrip(HWND parent, Events events)
@@ -66,6 +74,8 @@ void TabStrip::Remove(int position) {
   if (position < 1 || position > static_cast<int>(toolTips_.size())) return;
   toolTips_.erase(toolTips_.begin() + position - 1);
   SendMessageW(window_, TCM_DELETEITEM, static_cast<WPARAM>(position - 1), 0);
+  TTTOOLINFOW last = ToolOf(window_, static_cast<int>(toolTips_.size()));
+  SendMessageW(ToolTips(), TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&last));
 }
 
 void TabStrip::Set(int position, const std::u16string& caption, const std::u16string& toolTip) {
@@ -102,9 +112,26 @@ int TabStrip::PositionAt(LPARAM point) const {
          1;
 }
 
+// Wine's tab control passes on to its tool tips where the pointer is, but has never told them where
+// the tabs are.
+void TabStrip::PlaceToolTips() {
+  const HWND tips = ToolTips();
+  for (int index = 0; index < static_cast<int>(toolTips_.size()); ++index) {
+    TTTOOLINFOW tool = ToolOf(window_, index);
+    const bool isKnown =
+        SendMessageW(tips, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool)) != 0;
+    SendMessageW(window_, TCM_GETITEMRECT, static_cast<WPARAM>(index),
+                 reinterpret_cast<LPARAM>(&tool.rect));
+    tool.lpszText = LPSTR_TEXTCALLBACKW;
+    SendMessageW(tips, isKnown ? TTM_NEWTOOLRECTW : TTM_ADDTOOLW, 0,
+                 reinterpret_cast<LPARAM>(&tool));
+  }
+}
+
 LRESULT TabStrip::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_MOUSEMOVE:
+      PlaceToolTips();
       if (const int position = PositionAt(lParam);
           HasPointerMoved(window_, lParam) && position > 0 && events_.hovered) {
         events_.hovered(position);

@@ -40,6 +40,7 @@ class TabStrip {
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
   int PositionAt(LPARAM point) const;
   HWND ToolTips() const;
+  void PlaceToolTips();
 
   HWND window_;
   Events events_;

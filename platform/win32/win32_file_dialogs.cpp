@@ -8,14 +8,15 @@
 #include <vector>
 
 #include "platform/strings.h"
+#include "platform/win32/pointer_motion.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
 namespace {
 
 constexpr DWORD kCommonFlags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-constexpr std::size_t kUsualBuffer = 64UL * 1024;
-constexpr std::size_t kLargestBuffer = 4UL * 1024 * 1024;
+constexpr std::size_t kUsualBuffer = std::size_t{64} * 1024;
+constexpr std::size_t kLargestBuffer = std::size_t{4} * 1024 * 1024;
 
 using DialogFunction = BOOL WINAPI(OPENFILENAMEW*);
 
@@ -55,7 +56,10 @@ std::optional<Selection> Show(DialogFunction* show, const FileDialogRequest& req
     dialog.nMaxFile = static_cast<DWORD>(buffer.size());
     dialog.lpstrInitialDir = request.initialFolder.empty() ? nullptr : Wide(request.initialFolder);
     dialog.Flags = flags;
-    if (show(&dialog)) return Selection{Fields(buffer), static_cast<int>(dialog.nFilterIndex)};
+    const bool chosen = show(&dialog) != 0;
+    // What brought the pointer here was the way to the button.
+    NotePointer();
+    if (chosen) return Selection{Fields(buffer), static_cast<int>(dialog.nFilterIndex)};
 
     const DWORD error = CommDlgExtendedError();
     if (error == FNERR_BUFFERTOOSMALL && size < kLargestBuffer) {

@@ -1,5 +1,6 @@
 #include "platform/win32/win32_prompts.h"
 
+#include "platform/win32/pointer_motion.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
@@ -23,6 +24,8 @@ Answer MostCautious(BoxStyle style) {
 Answer Win32Prompts::Show(const Message& message) {
   const int button = MessageBoxW(owner_(), Wide(message.text), Wide(message.title),
                                  static_cast<UINT>(message.style));
+  // What brought the pointer here was the way to the button.
+  NotePointer();
   return button == IDYES || button == IDNO ? static_cast<Answer>(button)
                                            : MostCautious(message.style);
 }

@@ -26,7 +26,8 @@ Program: one started program and its windows
     key("ctrl+o", ...), type("text")      once one of its windows has the keyboard
     close(), wait_end() -> exit status, end()
     For the editor's main window: panels(), panel(n from 1), tip(n), tab_captions(), selected_tab(),
-    click_tab(caption), edit(), menu(), menu_item("File", "Save"), toolbar_click(id)
+    tab_rect(caption), click_tab(caption), edit(), menu(), menu_item("File", "Save"),
+    toolbar_click(id)
 
 Window: handle, kind (class), title, rect; a snapshot, except for what is asked anew each time:
     children(kind=, id=, text=, visible=) -> [Child]      child(...) -> exactly one
@@ -41,7 +42,7 @@ Child: a control
     .text .rect .visible .enabled .checked .handle .id .kind
     .click(), .double_click(), .right_click()
     .edit() .items() .selected_items() .tabs() .combo() .toolbar() .status()    as the probe tells
-    .click_item(index), .double_click_item(index)                               list box items
+    .item_point(index), .click_item(index), .double_click_item(index)           list box items
     .click_character(position)                                                  rich edit boxes
 
 Functions: wait_for(condition, what, seconds), press_keys(*keys), type_text(text), click(x, y),
@@ -63,17 +64,18 @@ import shutil
 import signal
 import subprocess
 import time
+import types
 import unittest
 from pathlib import Path
 
 ROOT = Path(__file__).resolve().parent.parent.parent
 LAYOUT = Path(os.environ.get("DECK_LAYOUT", ROOT / "out" / "WrenDeck"))
 PROGRAMS = Path(os.environ.get("DECK_PROGRAMS", ROOT / "build" / "windows" / "desktop"))
-WORK = ROOT / "build" / "desktop"
+WORK = Path(os.environ.get("DECK_WORK", ROOT / "build" / "desktop"))
 
-PATIENCE = 20.0  # seconds
+PATIENCE = 45.0  # seconds; a busy machine takes ten times as long as an idle one
 LOOK_EVERY = 0.05
-ANSWER_WITHIN = 30.0
+ANSWER_WITHIN = 60.0
 # Marks our own processes: what a program starts inherits its environment.
 MARK = "DECK_DESKTOP_TEST"
 
@@ -230,6 +232,8 @@ class Probe:
         ready, _, _ = select.select([self._process.stdout], [], [], ANSWER_WITHIN)
         line = self._process.stdout.readline() if ready else b""
         if not line:
+            probe.cache_clear()  # its answer may still come, and would be taken for that to the next
+            self.stop()
             raise AssertionError(f"the probe did not answer {words}")
         answer = json.loads(line)
         if isinstance(answer, dict) and "error" in answer:
@@ -237,6 +241,8 @@ class Probe:
         return answer
 
     def stop(self):
+        if self._process.stdout.closed:
+            return
         self._process.stdin.close()
         try:
             self._process.wait(timeout=5)
@@ -279,7 +285,7 @@ class Child:
         return probe().ask("edit", self.handle)
 
     def items(self):
-        return [item["text"] for item in probe().ask("list", self.handle)["items"]]
+        return probe().ask("list", self.handle)["items"]
 
     def selected_items(self):
         return probe().ask("list", self.handle)["selected"]
@@ -296,17 +302,18 @@ class Child:
     def status(self):
         return probe().ask("status", self.handle)
 
-    def _item_point(self, index):
-        rect = probe().ask("list", self.handle)["items"][index]["rect"]
-        if not self.rect[1] <= middle(rect)[1] < self.rect[3]:
+    def item_point(self, index):
+        """The middle of a list box item, which must be in view."""
+        view = probe().ask("listview", self.handle)
+        if not 0 <= index - view["top"] < len(view["rects"]):
             raise AssertionError(f"item {index} is not in view")
-        return middle(rect)
+        return middle(view["rects"][index - view["top"]])
 
     def click_item(self, index):
-        click(*self._item_point(index))
+        click(*self.item_point(index))
 
     def double_click_item(self, index):
-        double_click(*self._item_point(index))
+        double_click(*self.item_point(index))
 
     def click_character(self, position, times=1):
         x, y = probe().ask("character", self.handle, position)
@@ -468,9 +475,11 @@ class Program:
         tabs = self._tabs()
         return tabs["items"][tabs["selected"]]["caption"]
 
+    def tab_rect(self, caption):
+        return next(item["rect"] for item in self._tabs()["items"] if item["caption"] == caption)
+
     def click_tab(self, caption):
-        rect = next(item["rect"] for item in self._tabs()["items"] if item["caption"] == caption)
-        click(*middle(rect))
+        click(*middle(self.tab_rect(caption)))
         wait_for(lambda: self.selected_tab() == caption, f"the tab {caption} to be selected")
 
     def edit_box(self):
@@ -552,7 +561,7 @@ class DesktopTest(unittest.TestCase):
 
     def _with_picture_of_failure(self, test):
         @functools.wraps(test)
-        def run():
+        def run(_):
             try:
                 test()
             except unittest.SkipTest:
@@ -560,7 +569,7 @@ class DesktopTest(unittest.TestCase):
             except BaseException:
                 self.screenshot("failure")
                 raise
-        return run
+        return types.MethodType(run, self)  # a plain function could not be asked for by its name
 
     def setUp(self):
         lacking = missing_environment()

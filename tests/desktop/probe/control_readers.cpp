@@ -112,11 +112,18 @@ std::wstring TabCaption(HWND tabs, int index, RemoteMemory& memory) {
   return memory.Text(kTextUnits, kTextOffset);
 }
 
-void WriteListSelection(HWND list, JsonWriter& json) {
+bool TakesSeveral(HWND list) {
+  return (GetWindowLongW(list, GWL_STYLE) & (LBS_MULTIPLESEL | LBS_EXTENDEDSEL)) != 0;
+}
+
+void WriteListSelection(HWND list, int count, JsonWriter& json) {
   json.Key("selected").BeginArray();
-  const auto count = static_cast<int>(Ask(list, LB_GETCOUNT));
-  for (int i = 0; i < count; ++i) {
-    if (Ask(list, LB_GETSEL, static_cast<WPARAM>(i)) > 0) json.Number(i);
+  if (TakesSeveral(list)) {
+    for (int i = 0; i < count; ++i) {
+      if (Ask(list, LB_GETSEL, static_cast<WPARAM>(i)) > 0) json.Number(i);
+    }
+  } else if (const LRESULT selected = Ask(list, LB_GETCURSEL); selected >= 0) {
+    json.Number(selected);
   }
   json.EndArray();
 }
@@ -147,16 +154,25 @@ void ReadTabs(HWND tabs, JsonWriter& json) {
 void ReadList(HWND list, JsonWriter& json) {
   const auto count = static_cast<int>(Ask(list, LB_GETCOUNT));
   json.BeginObject().Key("items").BeginArray();
-  for (int i = 0; i < count; ++i) {
+  for (int i = 0; i < count; ++i) json.Text(ItemText(list, LB_GETTEXTLEN, LB_GETTEXT, i));
+  json.EndArray();
+  WriteListSelection(list, count, json);
+  json.EndObject();
+}
+
+void ReadListView(HWND list, JsonWriter& json) {
+  const auto count = static_cast<int>(Ask(list, LB_GETCOUNT));
+  const auto top = static_cast<int>(Ask(list, LB_GETTOPINDEX));
+  RECT client{};
+  GetClientRect(list, &client);
+  json.BeginObject().Key("top").Number(top).Key("rects").BeginArray();
+  for (int i = top; i < count; ++i) {
     RECT rect{};
     Ask(list, LB_GETITEMRECT, static_cast<WPARAM>(i), reinterpret_cast<LPARAM>(&rect));
-    json.BeginObject().Key("text").Text(ItemText(list, LB_GETTEXTLEN, LB_GETTEXT, i));
-    WriteRect("rect", OnScreen(list, rect), json);
-    json.EndObject();
+    if (rect.bottom > client.bottom) break;
+    WriteRectValue(OnScreen(list, rect), json);
   }
-  json.EndArray();
-  WriteListSelection(list, json);
-  json.Key("top").Number(Ask(list, LB_GETTOPINDEX)).EndObject();
+  json.EndArray().EndObject();
 }
 
 void ReadCombo(HWND combo, JsonWriter& json) {

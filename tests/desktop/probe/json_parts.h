@@ -13,10 +13,13 @@ inline void WriteHandle(std::string_view key, HWND window, JsonWriter& json) {
   json.Key(key).Number(static_cast<long long>(reinterpret_cast<INT_PTR>(window)));
 }
 
+inline void WriteRectValue(const RECT& rect, JsonWriter& json) {
+  json.BeginArray().Number(rect.left).Number(rect.top);
+  json.Number(rect.right).Number(rect.bottom).EndArray();
+}
+
 inline void WriteRect(std::string_view key, const RECT& rect, JsonWriter& json) {
-  json.Key(key).BeginArray();
-  json.Number(rect.left).Number(rect.top).Number(rect.right).Number(rect.bottom);
-  json.EndArray();
+  WriteRectValue(rect, json.Key(key));
 }
 
 }  // namespace deck::probe

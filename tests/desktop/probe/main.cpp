@@ -5,7 +5,7 @@
 // its input, which spares the start of a process for every look.
 //
 //   windows | focus
-//   children | text | status | tabs | list | combo | edit | toolbar | menu   <window>
+//   children | text | status | tabs | list | listview | combo | edit | toolbar | menu   <window>
 //   character <edit box> <position>
 #include <windows.h>
 
@@ -29,7 +29,7 @@ const std::map<std::string, WindowReader, std::less<>>& WindowReaders() {
   static const std::map<std::string, WindowReader, std::less<>> kReaders{
       {"children", ReadChildren}, {"status", ReadStatusBar}, {"tabs", ReadTabs},
       {"list", ReadList},         {"combo", ReadCombo},      {"edit", ReadEdit},
-      {"toolbar", ReadToolbar},   {"text", ReadText},
+      {"toolbar", ReadToolbar},   {"text", ReadText},        {"listview", ReadListView},
   };
   return kReaders;
 }

@@ -30,8 +30,11 @@ void ReadStatusBar(HWND status, JsonWriter& json);
 // Tabs: items (caption, rect) and the selected index.
 void ReadTabs(HWND tabs, JsonWriter& json);
 
-// A list box: items (text, rect), selected indexes, top index.
+// A list box: items, selected indexes.
 void ReadList(HWND list, JsonWriter& json);
+
+// What of a list box is in view: index of the top item, rects of it and of those below it.
+void ReadListView(HWND list, JsonWriter& json);
 
 // A combo box: items, selected index, text, dropped.
 void ReadCombo(HWND combo, JsonWriter& json);

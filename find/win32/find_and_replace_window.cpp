@@ -115,7 +115,10 @@ void FindAndReplaceWindow::Close() {
 }
 
 void FindAndReplaceWindow::Minimise() {
-  if (IsOpen()) ShowWindow(window_, SW_MINIMIZE);
+  if (!IsOpen()) return;
+  // Not every system looks for the next window itself: the keys would go to the minimised one.
+  if (GetActiveWindow() == window_) SetActiveWindow(owner_);
+  ShowWindow(window_, SW_SHOWMINNOACTIVE);
 }
 
 void FindAndReplaceWindow::CreateParts() {

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <memory>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -82,7 +83,8 @@ class FindDialogTest : public MainWindowFixture {
 
   FindControl Focused() const {
     HWND control = GetFocus();
-    while (control != nullptr && GetParent(control) != dialog.Handle()) control = GetParent(control);
+    while (control != nullptr && GetParent(control) != dialog.Handle())
+      control = GetParent(control);
     return control == nullptr ? kNoControl : static_cast<FindControl>(GetDlgCtrlID(control));
   }
   EditBox& Box() { return documents.GetCurrentTextBox(); }
@@ -359,6 +361,8 @@ TEST_F(FindDialogTest, OpensWhereItWasLastAndAlwaysOnAMonitor) {
   EXPECT_LE(place.right(), GetSystemMetrics(SM_CXSCREEN));
 }
 
+// Hidden, since a window manager answers a move when the next one is long done, and would bring the
+// window back to where it was some moves ago.
 TEST_F(FindDialogTest, MovesAsideFromWhatItHasFound) {
   std::u16string text;
   for (int line = 0; line < 200; ++line) text += u"line with a needle of its own number x\n";
@@ -366,23 +370,32 @@ TEST_F(FindDialogTest, MovesAsideFromWhatItHasFound) {
   Box().Load(text);
   find.mnuFRGArray(0);
   Type(kComboTextFind, u"needle");
+  ShowWindow(dialog.Handle(), SW_HIDE);
+  loop.Pump();
+  const auto selection = [this] {
+    const std::optional<Rectangle> place = SelectionOnScreen();
+    EXPECT_TRUE(place) << "focus " << GetFocus() << ", active " << GetActiveWindow();
+    return place.value_or(Rectangle{});
+  };
+  int hidden = 0;
   for (int i = 0; i < 30; ++i) {
     Press(kCommand1);
-    const auto match = SelectionOnScreen();
-    ASSERT_TRUE(match);
+    const Rectangle match = selection();
     // Over the next match, one line lower.
-    SetWindowPos(dialog.Handle(), nullptr, match->left - 20, match->top - 30, 0, 0,
+    SetWindowPos(dialog.Handle(), nullptr, match.left - 20, match.top - 30, 0, 0,
                  SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+    const Rectangle before = ScreenPlace(dialog.Handle());
     Press(kCommand1);
-    const auto next = SelectionOnScreen();
-    ASSERT_TRUE(next);
-    ASSERT_FALSE(Overlap(ScreenPlace(dialog.Handle()), *next)) << i;
+    hidden += Overlap(before, selection()) ? 1 : 0;
+    ASSERT_FALSE(Overlap(ScreenPlace(dialog.Handle()), selection())) << i;
   }
+  EXPECT_EQ(hidden, 30) << "each was hidden at first";
   find.mnuFRGArray(2);
   Type(kLineToFind, u"100");
+  ShowWindow(dialog.Handle(), SW_HIDE);
+  loop.Pump();
   Press(kCommand7);
-  ASSERT_TRUE(SelectionOnScreen());
-  EXPECT_FALSE(Overlap(ScreenPlace(dialog.Handle()), *SelectionOnScreen()));
+  EXPECT_FALSE(Overlap(ScreenPlace(dialog.Handle()), selection()));
 }
 
 TEST_F(FindDialogTest, StaysWhereItIsWhenItHidesNothing) {

@@ -267,15 +267,16 @@ class Tabs(DocumentsTest):
         editor = self.start_editor()
         self.open(editor, "a.tmj", "b.tmj", "c.tmm")
         self.wait_selected(editor, "c.tmm")
-        for key, caption, text in [("ctrl+Tab", "a.tmj", "BTN T1 a\n"),
-                                   ("ctrl+Tab", "b.tmj", "BTN T2 b\n"),
-                                   ("ctrl+shift+Tab", "a.tmj", "BTN T1 a\n"),
-                                   ("ctrl+shift+Tab", "c.tmm", "FIRE = x\n")]:
+        for key, caption, text, message in [
+                ("ctrl+Tab", "a.tmj", "BTN T1 a\n", "Editing a.tmj"),
+                ("ctrl+Tab", "b.tmj", "BTN T2 b\n", "Editing b.tmj"),
+                ("ctrl+shift+Tab", "a.tmj", "BTN T1 a\n", "Editing a.tmj"),
+                ("ctrl+shift+Tab", "c.tmm", "FIRE = x\n", "Done")]:  # with its macros
             editor.key(key)
             self.wait_selected(editor, caption)
             self.wait_text(editor, text)
             self.wait_panel(editor, 3, "Saved")
-            self.wait_panel(editor, 1, f"Editing {caption}")
+            self.wait_panel(editor, 1, message)
 
     def test_a_new_document_is_untitled_and_new_until_something_is_typed(self):
         editor = self.start_editor(self.first)

@@ -346,6 +346,10 @@ void Editor::OnMinimised() {
   quickHelp_.Minimise();
 }
 
+void Editor::OnLookedAt(bool lookedAt) {
+  runAndReport_.Work().OnLookedAt(lookedAt);
+}
+
 void Editor::OnFocus() {
   if (documents_.Count() > 0) documents_.GetCurrentTextBox().Focus();
 }

@@ -99,6 +99,8 @@ class Editor {
   void OnMenuOpening(Menu menu);
   void OnTimer(TimerId timer);
   void OnMinimised();
+  // The program came to the foreground or left it.
+  void OnLookedAt(bool lookedAt);
   // The window got the focus: the text has it from there.
   void OnFocus();
   // The panels that the status bar keeps by itself: whether typing inserts, the toggle keys, and

@@ -15,7 +15,8 @@ RunAndReport::RunAndReport(HotasIni& hotasIni, RunAndWait& wait, DocumentSet& do
       documents_(documents),
       status_(status),
       settings_(settings),
-      ports_(ports) {}
+      ports_(ports),
+      work_(ports.window) {}
 
 RunEnd RunAndReport::Run(CompilerTask task, std::u16string_view switches) {
   hotasIni_.ClearCompilerResult();
@@ -30,12 +31,15 @@ RunEnd RunAndReport::Run(CompilerTask task, std::u16string_view switches) {
     status_.Say(kWaitingForDownload);
   }
 
+  work_.Begin();
   const WaitResult ended = wait_.RunCompilerAndWait(commandLine);
-  if (ended == WaitResult::kSuperseded || ended == WaitResult::kClosing) {
-    return RunEnd::kNotReported;
-  }
+  // The run that has replaced this one shows whether it works.
+  if (ended == WaitResult::kSuperseded) return RunEnd::kNotReported;
+  work_.End();
+  if (ended == WaitResult::kClosing) return RunEnd::kNotReported;
   const std::uint64_t run = wait_.NewestRun();
   if (ended == WaitResult::kTimedOut) {
+    work_.Fail();
     ports_.prompts.Show(TakingTooLong(task));
     if (!wait_.IsToBeReported(run)) return RunEnd::kNotReported;
   }
@@ -45,6 +49,7 @@ RunEnd RunAndReport::Run(CompilerTask task, std::u16string_view switches) {
   ports_.events.PumpEvents();
   if (!wait_.IsToBeReported(run)) return RunEnd::kNotReported;
 
+  if (result.Failed()) work_.Fail();
   const ResultTexts texts = TextsOf(result, task, caption);
   status_.Say(texts.status);
   if (settings_.StatusBarErrors == 0) ports_.prompts.Show(texts.box);

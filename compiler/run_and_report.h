@@ -11,6 +11,7 @@
 #include "compiler/hotas_ini.h"
 #include "compiler/run_and_wait.h"
 #include "compiler/texts.h"
+#include "compiler/work_indicator.h"
 #include "documents/document_set.h"
 #include "documents/status_bar.h"
 #include "platform/event_loop.h"
@@ -37,6 +38,8 @@ class RunAndReport {
   // blanks included.
   RunEnd Run(CompilerTask task, std::u16string_view switches);
 
+  WorkIndicator& Work() { return work_; }
+
  private:
   void ShowEndOfWait(CompilerTask task, WaitResult ended);
   void SelectErrorLine(DocumentId document, const CompilerResult& result);
@@ -47,6 +50,7 @@ class RunAndReport {
   StatusBar& status_;
   const Settings& settings_;
   Ports ports_;
+  WorkIndicator work_;
 };
 
 }  // namespace deck

@@ -25,6 +25,10 @@ struct CommandState {
   friend bool operator==(const CommandState&, const CommandState&) = default;
 };
 
+// What the taskbar button says about work in the background; while there is some, the pointer over
+// the window says so too.
+enum class WorkState { kNone, kWorking, kFailed };
+
 enum class WindowState { kNormal = 0, kMinimised = 1, kMaximised = 2 };
 
 // A window's place in twips (1/1440 inch) at its own resolution; the rectangle is the one of the
@@ -66,6 +70,8 @@ class MainWindowView {
 
   // Lays the controls out again. `macroFrameWidth` is in pixels at 96 dpi, 0 hides the panel.
   virtual void PositionControls(int macroFrameWidth) = 0;
+  // Where the system has no taskbar, or none that can tell, nothing is shown there.
+  virtual void ShowWork(WorkState state) = 0;
   // Repaints at once.
   virtual void Refresh() = 0;
 

@@ -93,6 +93,17 @@ HDWP Move(HDWP moves, HWND window, const Rectangle& where, UINT flags = 0) {
                         SWP_NOZORDER | SWP_NOACTIVATE | flags);
 }
 
+// Lets what is under the pointer choose it anew, as if it had moved.
+void ChoosePointer(HWND window) {
+  POINT where{};
+  if (!GetCursorPos(&where)) return;
+  const HWND under = WindowFromPoint(where);
+  if (under != window && !IsChild(window, under)) return;
+  const LRESULT part = SendMessageW(under, WM_NCHITTEST, 0, MAKELPARAM(where.x, where.y));
+  SendMessageW(under, WM_SETCURSOR, reinterpret_cast<WPARAM>(under),
+               MAKELPARAM(part, WM_MOUSEMOVE));
+}
+
 }  // namespace
 
 MainWindow::MainWindow() : shortcuts_(MakeAccelerators()) {
@@ -117,6 +128,7 @@ void MainWindow::OnCreate() {
 }
 
 void MainWindow::CreateParts() {
+  taskbarButton_.emplace(window_);
   TabStrip::Events tabEvents;
   tabEvents.clicked = [this](int position) { Report(events.tabClicked, position); };
   tabEvents.middleClicked = [this](int position) { Report(events.tabMiddleClicked, position); };
@@ -128,6 +140,7 @@ void MainWindow::CreateParts() {
   macroPanel_->events.left = [this] { Report(events.focused); };
   status_.emplace(window_, [this] { Report(events.statusBarHovered); });
   editBoxes_.insertModeChanged = [this] { ReportKeysAndClock(); };
+  editBoxes_.showOtherPointer = [this] { return ShowWorkPointer(); };
   editBoxes_.filesDropped = [this](const std::vector<std::u16string>& paths) {
     OnFilesDropped(paths);
   };
@@ -212,6 +225,12 @@ void MainWindow::SetRecentFiles(const std::vector<std::u16string>& paths) {
 void MainWindow::PositionControls(int macroFrameWidth) {
   macroFrameWidth_ = macroFrameWidth;
   Arrange();
+}
+
+void MainWindow::ShowWork(WorkState state) {
+  if (std::exchange(work_, state) == state) return;
+  taskbarButton_->Show(state);
+  ChoosePointer(window_);
 }
 
 void MainWindow::Refresh() {

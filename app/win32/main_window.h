@@ -24,6 +24,7 @@
 #include "platform/event_loop.h"
 #include "platform/main_window_view.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/taskbar_button.h"
 
 namespace deck {
 
@@ -45,9 +46,10 @@ class MainWindow : public MainWindowView {
     // user's locale without seconds.
     std::function<void(bool insertMode, const std::u16string& clock)> keysAndClock;
     std::function<void(bool minimised)> minimised;
-    std::function<bool()> queryUnload;  // may the window close?
-    std::function<void()> unload;       // it closes now
-    std::function<void()> stayOpen;     // Windows does not shut down after all
+    std::function<void(bool lookedAt)> lookedAt;  // any window of the program is the active one
+    std::function<bool()> queryUnload;            // may the window close?
+    std::function<void()> unload;                 // it closes now
+    std::function<void()> stayOpen;               // Windows does not shut down after all
   };
 
   // Makes the window, hidden. The thread needs OLE and the common controls.
@@ -77,6 +79,7 @@ class MainWindow : public MainWindowView {
   void ShowToolTips(bool show) override;
   void SetRecentFiles(const std::vector<std::u16string>& paths) override;
   void PositionControls(int macroFrameWidth) override;
+  void ShowWork(WorkState state) override;
   void Refresh() override;
   WindowPlacement Placement() const override;
   void Place(const WindowPlacement& placement) override;
@@ -99,6 +102,8 @@ class MainWindow : public MainWindowView {
   void OnDpiChanged(int dpi, const RECT& suggested);
   void OnCommand(WPARAM wParam, LPARAM lParam);
   bool OnNotify(NMHDR& header);
+  std::optional<LRESULT> OnSetCursor(LPARAM place) const;
+  bool ShowWorkPointer() const;
   std::optional<LRESULT> OnMenuChar(WPARAM wParam);
   void OnFilesDropped(const std::vector<std::u16string>& paths);
   void OnTimer(WPARAM timer);
@@ -134,6 +139,8 @@ class MainWindow : public MainWindowView {
   std::optional<StatusBarControl> status_;
   std::optional<MacroPanelWindow> macroPanel_;
   EditBoxSettings editBoxes_;
+  std::optional<TaskbarButton> taskbarButton_;
+  WorkState work_ = WorkState::kNone;
   MainWindowLayout layout_;
   int macroFrameWidth_ = 0;  // pixels at 96 dpi, 0 while the panel is hidden
   int dpi_ = 96;

@@ -105,6 +105,11 @@ std::optional<LRESULT> MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lP
     case WM_TIMER:
       OnTimer(wParam);
       return 0;
+    case WM_SETCURSOR:
+      return OnSetCursor(lParam);
+    case WM_ACTIVATEAPP:
+      if (!closed_) Report(events.lookedAt, wParam != FALSE);
+      return std::nullopt;
     case WM_SETFOCUS:
       Report(events.focused);
       return 0;
@@ -121,6 +126,7 @@ std::optional<LRESULT> MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lP
       }
       return 0;
     default:
+      if (taskbarButton_) taskbarButton_->OnMessage(message);
       return std::nullopt;
   }
 }
@@ -169,6 +175,18 @@ void MainWindow::OnCommand(WPARAM wParam, LPARAM lParam) {
 bool MainWindow::OnNotify(NMHDR& header) {
   // The controls report while they are made, too.
   return (tabs_ && tabs_->OnNotify(header)) || (toolbar_ && toolbar_->OnNotify(header));
+}
+
+// Controls ask here before they show a pointer of their own.
+std::optional<LRESULT> MainWindow::OnSetCursor(LPARAM place) const {
+  if (LOWORD(place) != HTCLIENT || !ShowWorkPointer()) return std::nullopt;
+  return TRUE;
+}
+
+bool MainWindow::ShowWorkPointer() const {
+  if (work_ != WorkState::kWorking) return false;
+  SetCursor(LoadCursorW(nullptr, IDC_APPSTARTING));
+  return true;
 }
 
 std::optional<LRESULT> MainWindow::OnMenuChar(WPARAM wParam) {

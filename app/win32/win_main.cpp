@@ -106,6 +106,7 @@ class Connection {
     events.keysAndClock = [&editor](bool insertMode, const std::u16string& clock) {
       editor.OnKeysAndClock(insertMode, clock);
     };
+    events.lookedAt = [&editor](bool lookedAt) { editor.OnLookedAt(lookedAt); };
     events.queryUnload = [&editor] { return editor.QueryUnload(); };
     events.unload = [&editor] { editor.Unload(); };
     events.stayOpen = [&editor] { editor.StayOpen(); };

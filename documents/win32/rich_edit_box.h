@@ -41,6 +41,8 @@ struct EditBoxSettings {
   // False: typing replaces the character behind the caret. The insert key switches it.
   bool insertMode = true;
   std::function<void()> insertModeChanged;
+  // Asked before a box shows its own pointer; true when another one has been shown over it.
+  std::function<bool()> showOtherPointer;
   // Files dropped on a box; unset: they are refused.
   std::function<void(std::vector<std::u16string> paths)> filesDropped;
 };

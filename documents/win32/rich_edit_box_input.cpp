@@ -135,6 +135,13 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_MOUSEMOVE:
       if (HasPointerMoved(control_, lParam)) Raise(events_.mouseMoved);
       break;
+    case WM_SETCURSOR:
+      // The control would never ask its parent.
+      if (LOWORD(lParam) == HTCLIENT && settings_.showOtherPointer &&
+          settings_.showOtherPointer()) {
+        return TRUE;
+      }
+      break;
     case WM_MOUSEWHEEL:
       // With the control key it would change the size of the text, which nothing could set back.
       if (IsDown(VK_CONTROL)) return 0;

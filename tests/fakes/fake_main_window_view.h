@@ -34,6 +34,7 @@ class FakeMainWindowView : public MainWindowView {
   void ShowToolTips(bool show) override { toolTips = show; }
   void SetRecentFiles(const std::vector<std::u16string>& paths) override;
   void PositionControls(int width) override;
+  void ShowWork(WorkState state) override { work = state; }
   void Refresh() override { ++refreshes; }
   WindowPlacement Placement() const override { return placement; }
   void Place(const WindowPlacement& where) override;
@@ -60,6 +61,7 @@ class FakeMainWindowView : public MainWindowView {
   bool toolTips = true;
   int macroFrameWidth = -1;  // of the last PositionControls, -1 before the first
   int positionings = 0;
+  WorkState work = WorkState::kNone;
   int refreshes = 0;
   int closings = 0;
   WindowPlacement placement{0, 0, 13320, 8895, WindowState::kNormal};

@@ -131,6 +131,7 @@ class MainWindowFixture : public testing::Test {
     e.focused = [this] { Add("focused"); };
     e.keysAndClock = [this](bool, const std::u16string& clock) { Add("clock " + Narrow(clock)); };
     e.minimised = [this](bool minimised) { Add(minimised ? "minimised" : "not minimised"); };
+    e.lookedAt = [this](bool lookedAt) { Add(lookedAt ? "looked at" : "not looked at"); };
     e.queryUnload = [this] {
       Add("may it close?");
       return mayClose;

@@ -377,5 +377,59 @@ TEST_F(MainWindowTest, ExceptionOfACommandEndsAtTheWindow) {
   EXPECT_EQ(events, std::vector<std::string>{"alive"});
 }
 
+// What the pointer looks like over the middle of a control, as the system finds out.
+HCURSOR PointerOver(HWND control) {
+  SetCursor(nullptr);
+  SendMessageW(control, WM_SETCURSOR, reinterpret_cast<WPARAM>(control),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  return GetCursor();
+}
+
+TEST_F(MainWindowTest, PointerSaysOverEveryControlThatWorkGoesOn) {
+  ShowWindowed();
+  const std::unique_ptr<EditBox> box = window.CreateEditBox({});
+  window.PositionControls(300);
+  const HCURSOR working = LoadCursorW(nullptr, IDC_APPSTARTING);
+  const HWND controls[] = {Handle(),
+                           Tabs(),
+                           Status(),
+                           Control(ControlId::kToolbar1),
+                           Macros(),
+                           Headings(),
+                           Control(ControlId::kText1)};
+  for (HWND control : controls) EXPECT_NE(PointerOver(control), working);
+  window.ShowWork(WorkState::kWorking);
+  for (HWND control : controls) EXPECT_EQ(PointerOver(control), working);
+  window.ShowWork(WorkState::kFailed);
+  for (HWND control : controls) EXPECT_NE(PointerOver(control), working);
+}
+
+TEST_F(MainWindowTest, PointerChangesAtOnceWhenWorkBeginsAndEnds) {
+  ShowWindowed();
+  POINT where{300, 300};
+  ClientToScreen(Handle(), &where);
+  SetCursorPos(where.x, where.y);
+  window.ShowWork(WorkState::kWorking);
+  EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_APPSTARTING));
+  window.ShowWork(WorkState::kNone);
+  EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_ARROW));
+}
+
+TEST_F(MainWindowTest, FrameKeepsItsPointersDuringWork) {
+  ShowWindowed();
+  window.ShowWork(WorkState::kWorking);
+  SetCursor(nullptr);
+  SendMessageW(Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(Handle()),
+               MAKELPARAM(HTRIGHT, WM_MOUSEMOVE));
+  EXPECT_EQ(GetCursor(), LoadCursorW(nullptr, IDC_SIZEWE));
+}
+
+TEST_F(MainWindowTest, ComingToTheForegroundAndLeavingItAreReported) {
+  ShowWindowed();
+  SendMessageW(Handle(), WM_ACTIVATEAPP, FALSE, 0);
+  SendMessageW(Handle(), WM_ACTIVATEAPP, TRUE, 0);
+  EXPECT_EQ(events, (std::vector<std::string>{"not looked at", "looked at"}));
+}
+
 }  // namespace
 }  // namespace deck

@@ -173,6 +173,7 @@ TEST_P(Reentrancy, EachResultIsToldOnceAndEverythingComesToRest) {
   ++seen.seeds;
   seen.closed += closing ? 1 : 0;
   EXPECT_EQ(documents.CompilerBusy, 0);
+  EXPECT_NE(view.work, WorkState::kWorking);
   EXPECT_EQ(documents.SkipMacroRefresh, 0);
   EXPECT_FALSE(events.IsRunning(TimerId::kDownloadTimer));
 }

@@ -34,17 +34,20 @@ double Milliseconds() {
   return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
 }
 
-// Asks the window again and again, as another program would, while it lives.
+// Asks the window again and again, as another program would, while it lives. To be stopped by the
+// window's own thread, which has to go on answering until then.
 class Heartbeat {
  public:
-  explicit Heartbeat(HWND window) : thread_([this, window] { Beat(window); }) {}
+  Heartbeat(HWND window, MessageLoop& loop)
+      : loop_(loop), thread_([this, window] { Beat(window); }) {}
   ~Heartbeat() { Stop(); }
   Heartbeat(const Heartbeat&) = delete;
   Heartbeat& operator=(const Heartbeat&) = delete;
 
   // The times that the answers took, in milliseconds, in ascending order.
   const std::vector<double>& Stop() {
-    stopped_ = true;
+    stopping_ = true;
+    while (!stopped_) loop_.Pump();
     if (thread_.joinable()) thread_.join();
     std::sort(answers_.begin(), answers_.end());
     return answers_;
@@ -57,9 +60,12 @@ class Heartbeat {
       SendMessageW(window, WM_NULL, 0, 0);
       answers_.push_back(Milliseconds() - asked);
       Sleep(2);
-    } while (!stopped_);
+    } while (!stopping_);
+    stopped_ = true;
   }
 
+  MessageLoop& loop_;
+  std::atomic<bool> stopping_ = false;
   std::atomic<bool> stopped_ = false;
   std::vector<double> answers_;
   std::thread thread_;
@@ -111,7 +117,7 @@ class KeyTestBurstTest : public KeyTestWindowFixture {
   // have arrived.
   template <class Condition>
   BurstTimes Burst(HWND window, Condition arrived) {
-    Heartbeat heartbeat(window);
+    Heartbeat heartbeat(window, loop);
     std::atomic<double> lastKey = 0;
     std::thread hands([&lastKey] {
       const double start = Milliseconds();

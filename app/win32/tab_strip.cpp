@@ -27,31 +27,16 @@ TCITEMW ItemWith(std::u16string& caption) {
   return item;
 }
 
-TTTOOLINFOW ToolOf(HWND tabs, int index) {
-  TTTOOLINFOW tool{};
-  tool.cbSize = TTTOOLINFOW_V2_SIZE;  // the newest one that every version of the control takes
-  tool.hwnd = tabs;
-  tool.uId = static_cast<UINT_PTR>(index);
-  return tool;
-}
-
 }  // namespace
 
 TabStrip::TabStrip(HWND parent, Events events)
     : window_(CreateWindowExW(
-          0, WC_TABCONTROLW, L"TabStrip1",
-          WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TCS_FOCUSNEVER | TCS_TOOLTIPS, 0, 0, 0, 0,
-          parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(ControlId::kTabStrip1)),
+          0, WC_TABCONTROLW, L"TabStrip1", WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | TCS_FOCUSNEVER,
+          0, 0, 0, 0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(ControlId::kTabStrip1)),
           GetModuleHandleW(nullptr), nullptr)),
-      events_(std::move(events)) {
+      events_(std::move(events)),
+      tips_(window_) {
   SetWindowSubclass(window_, Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
-  // Without this style an "&" in a path would not show.
-  const HWND tips = ToolTips();
-  SetWindowLongPtrW(tips, GWL_STYLE, GetWindowLongPtrW(tips, GWL_STYLE) | TTS_NOPREFIX);
-}
-
-HWND TabStrip::ToolTips() const {
-  return reinterpret_cast<HWND>(SendMessageW(window_, TCM_GETTOOLTIPS, 0, 0));
 }
 
 void TabStrip::SetFont(HFONT font, int dpi) {
@@ -64,6 +49,7 @@ void TabStrip::SetFont(HFONT font, int dpi) {
 void TabStrip::Insert(int position, const std::u16string& caption) {
   const int index = std::clamp(position - 1, 0, static_cast<int>(toolTips_.size()));
   toolTips_.insert(toolTips_.begin() + index, std::u16string());
+  ShowToolTipOf(0);
   std::u16string shown = DoubleAmpersands(caption);
   TCITEMW item = ItemWith(shown);
   SendMessageW(window_, TCM_INSERTITEMW, static_cast<WPARAM>(index),
@@ -74,13 +60,13 @@ void TabStrip::Remove(int position) {
   if (position < 1 || position > static_cast<int>(toolTips_.size())) return;
   toolTips_.erase(toolTips_.begin() + position - 1);
   SendMessageW(window_, TCM_DELETEITEM, static_cast<WPARAM>(position - 1), 0);
-  TTTOOLINFOW last = ToolOf(window_, static_cast<int>(toolTips_.size()));
-  SendMessageW(ToolTips(), TTM_DELTOOLW, 0, reinterpret_cast<LPARAM>(&last));
+  ShowToolTipOf(0);
 }
 
 void TabStrip::Set(int position, const std::u16string& caption, const std::u16string& toolTip) {
   if (position < 1 || position > static_cast<int>(toolTips_.size())) return;
   toolTips_[static_cast<std::size_t>(position - 1)] = toolTip;
+  ShowToolTipOf(0);
   std::u16string shown = DoubleAmpersands(caption);
   TCITEMW item = ItemWith(shown);
   SendMessageW(window_, TCM_SETITEMW, static_cast<WPARAM>(position - 1),
@@ -97,11 +83,6 @@ bool TabStrip::OnNotify(NMHDR& header) {
     if (events_.clicked) events_.clicked(selected + 1);
     return true;
   }
-  if (header.hwndFrom == ToolTips() && header.code == TTN_GETDISPINFOW &&
-      header.idFrom < toolTips_.size()) {
-    reinterpret_cast<NMTTDISPINFOW&>(header).lpszText = MutableWide(toolTips_[header.idFrom]);
-    return true;
-  }
   return false;
 }
 
@@ -112,26 +93,24 @@ int TabStrip::PositionAt(LPARAM point) const {
          1;
 }
 
-// Wine's tab control passes on to its tool tips where the pointer is, but has never told them where
-// the tabs are.
-void TabStrip::PlaceToolTips() {
-  const HWND tips = ToolTips();
-  for (int index = 0; index < static_cast<int>(toolTips_.size()); ++index) {
-    TTTOOLINFOW tool = ToolOf(window_, index);
-    const bool isKnown =
-        SendMessageW(tips, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool)) != 0;
-    SendMessageW(window_, TCM_GETITEMRECT, static_cast<WPARAM>(index),
-                 reinterpret_cast<LPARAM>(&tool.rect));
-    tool.lpszText = LPSTR_TEXTCALLBACKW;
-    SendMessageW(tips, isKnown ? TTM_NEWTOOLRECTW : TTM_ADDTOOLW, 0,
-                 reinterpret_cast<LPARAM>(&tool));
+// The control's own tool tips never show under Wine, which does not tell them where the tabs are.
+// The tip of the next tab pointed at takes the place of this one.
+void TabStrip::ShowToolTipOf(int position) {
+  if (std::exchange(pointed_, position) == position) return;
+  RECT tab{};
+  std::u16string text;
+  if (position > 0) {
+    SendMessageW(window_, TCM_GETITEMRECT, static_cast<WPARAM>(position - 1),
+                 reinterpret_cast<LPARAM>(&tab));
+    text = toolTips_[static_cast<std::size_t>(position - 1)];
   }
+  tips_.Set(0, tab, text);
 }
 
 LRESULT TabStrip::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_MOUSEMOVE:
-      PlaceToolTips();
+      ShowToolTipOf(PositionAt(lParam));
       if (const int position = PositionAt(lParam);
           HasPointerMoved(window_, lParam) && position > 0 && events_.hovered) {
         events_.hovered(position);

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/win32/tool_tips.h"
+
 namespace deck {
 
 class TabStrip {
@@ -39,12 +41,13 @@ class TabStrip {
                                     UINT_PTR id, DWORD_PTR self);
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
   int PositionAt(LPARAM point) const;
-  HWND ToolTips() const;
-  void PlaceToolTips();
+  void ShowToolTipOf(int position);
 
   HWND window_;
   Events events_;
+  ToolTips tips_;
   std::vector<std::u16string> toolTips_;
+  int pointed_ = 0;  // tab that has the tool tip, 0 for none
   int pressed_ = 0;  // tab under the middle button when it went down, 0 for none
 };
 

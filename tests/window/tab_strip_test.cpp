@@ -31,15 +31,25 @@ class TabStripTest : public MainWindowFixture {
     const std::wstring caption = item.pszText;
     return {caption.begin(), caption.end()};
   }
-  // What the tool tips control is told when the pointer rests on the tab.
-  std::wstring ToolTip(int position) const {
-    NMTTDISPINFOW info{};
-    info.hdr.hwndFrom = reinterpret_cast<HWND>(SendMessageW(Tabs(), TCM_GETTOOLTIPS, 0, 0));
-    info.hdr.idFrom = static_cast<UINT_PTR>(position - 1);
-    info.hdr.code = TTN_GETDISPINFOW;
-    info.lpszText = info.szText;
-    SendMessageW(window.Handle(), WM_NOTIFY, info.hdr.idFrom, reinterpret_cast<LPARAM>(&info));
-    return info.lpszText;
+  // What the tool tips have to show when the pointer has come to the tab.
+  std::wstring ToolTip(int position) {
+    Mouse(Tabs(), WM_MOUSEMOVE, MiddleOf(position));
+    std::array<wchar_t, 1000> text{};
+    TTTOOLINFOW tool{};
+    tool.cbSize = TTTOOLINFOW_V2_SIZE;
+    tool.hwnd = Tabs();
+    tool.lpszText = text.data();
+    HWND tips = nullptr;
+    while ((tips = FindWindowExW(nullptr, tips, TOOLTIPS_CLASSW, nullptr)) != nullptr) {
+      if (GetWindowThreadProcessId(tips, nullptr) != GetCurrentThreadId() ||
+          !SendMessageW(tips, TTM_GETTOOLINFOW, 0, reinterpret_cast<LPARAM>(&tool))) {
+        continue;
+      }
+      EXPECT_TRUE(PtInRect(&tool.rect, MiddleOf(position)));
+      EXPECT_NE(GetWindowLongPtrW(tips, GWL_STYLE) & TTS_NOPREFIX, 0);
+      return text.data();
+    }
+    return L"no tool tip";
   }
   POINT MiddleOf(int position) const {
     RECT tab{};
@@ -73,8 +83,7 @@ TEST_F(TabStripTest, ToolTipIsTheFullPathLetterForLetter) {
   const std::u16string path = u"C:\\R&D\\" + std::u16string(200, u'x') + u"\\f\u00e4.tmm";
   window.SetTab(2, u"f\u00e4.tmm", path);
   EXPECT_EQ(ToolTip(2), std::wstring(path.begin(), path.end()));
-  const auto tips = reinterpret_cast<HWND>(SendMessageW(Tabs(), TCM_GETTOOLTIPS, 0, 0));
-  EXPECT_NE(GetWindowLongPtrW(tips, GWL_STYLE) & TTS_NOPREFIX, 0);
+  EXPECT_EQ(ToolTip(1), L"no tool tip") << "an untitled document has no path";
 }
 
 TEST_F(TabStripTest, SelectionByTheProgramIsNotReported) {

@@ -173,6 +173,8 @@ bool Editor::QueryUnload() {
 }
 
 void Editor::Unload() {
+  // Without its host the program ends before it has read anything that could be written back.
+  if (!IsLoaded()) return;
   // Where the settings cannot be written they do not persist.
   static_cast<void>(SaveEditorPosition(
       ports_.profiles, settings_, {ticks_, ports_.window.Placement()}, ports_.window.ScreenSize()));
@@ -269,6 +271,7 @@ void Editor::ShowEditCommands() {
 }
 
 void Editor::Execute(CommandId command) {
+  if (!IsLoaded()) return;
   if (IsRecentFile(command)) {
     OpenRecentFile(static_cast<std::size_t>(command) -
                    static_cast<std::size_t>(CommandId::kRecentFile1));
@@ -320,11 +323,12 @@ void Editor::OnStatusBarHovered() {
 }
 
 void Editor::OnFilesDropped(const std::vector<std::u16string>& paths) {
+  if (!IsLoaded()) return;
   for (const std::u16string& path : paths) files_.OpenPreviouslySavedFiles(path);
 }
 
 void Editor::OnMenuOpening(Menu menu) {
-  if (menu == Menu::kEdit) ShowEditCommands();
+  if (menu == Menu::kEdit && IsLoaded()) ShowEditCommands();
 }
 
 void Editor::OnTimer(TimerId timer) {
@@ -351,7 +355,7 @@ void Editor::OnLookedAt(bool lookedAt) {
 }
 
 void Editor::OnFocus() {
-  if (documents_.Count() > 0) documents_.GetCurrentTextBox().Focus();
+  if (IsLoaded()) documents_.GetCurrentTextBox().Focus();
 }
 
 void Editor::OnKeysAndClock(bool insertMode, const std::u16string& clock) {

@@ -114,6 +114,8 @@ class Editor {
   const HelpFile& Help() const { return helpFile_; }
 
  private:
+  // False while a box at the start tells that the host is missing: its message loop brings events.
+  bool IsLoaded() const { return documents_.Count() > 0; }
   bool HostIsThere(const std::u16string& applicationFolder);
   void RestorePosition();
   void OpenStartupFile(std::u16string_view commandLine);

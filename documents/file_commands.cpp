@@ -252,7 +252,9 @@ void FileCommands::FileSaveAll() {
     documents_.Select(index);
     FileSave();
   }
+  const std::u16string message = status_.Message();
   if (const int index = documents_.IndexOf(before); index >= 0) documents_.Select(index);
+  if (IsMacroAnalysisText(status_.Message())) status_.Say(message);
 }
 
 void FileCommands::FileClose() {

@@ -1,6 +1,7 @@
 // Help viewers that only remember what they were asked for.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -18,10 +19,14 @@ class FakeHelpSystem : public HelpSystem {
   void OpenWithShell(const std::u16string& file, const std::u16string& folder) override {
     opened.emplace_back(file, folder);
   }
-  void CloseAll() override { ++closed; }
+  void CloseAll() override {
+    ++closed;
+    if (onCloseAll) onCloseAll();
+  }
 
   int prepared = 0;
   int closed = 0;
+  std::function<void()> onCloseAll;
   std::vector<std::pair<std::u16string, unsigned>> topics;
   std::vector<std::pair<std::u16string, std::u16string>> opened;
 };

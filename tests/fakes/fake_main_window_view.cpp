@@ -48,6 +48,7 @@ void FakeMainWindowView::SetTab(int position, const std::u16string& caption,
 void FakeMainWindowView::SelectTab(int position) {
   At(position);
   selectedTab = position;
+  selections.push_back(position);
 }
 
 void FakeMainWindowView::SetPanel(int panel, const std::u16string& text) {

@@ -129,6 +129,7 @@ bool FakeProfileFiles::WriteText(const std::u16string& file, std::u16string_view
                                  std::u16string_view key, std::u16string_view value) {
   if (!writable) return false;
   writes.push_back({file, std::u16string(section), std::u16string(key), std::u16string(value)});
+  if (onWrite) onWrite(writes.back());
 
   std::vector<std::u16string> lines = Lines(Text(file));
   auto start = FindSection(lines, section);

@@ -1,6 +1,7 @@
 // INI files in memory, with the reading rules of the system's private-profile functions.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -39,6 +40,8 @@ class FakeProfileFiles : public ProfileFiles {
   // Those that succeeded, in order.
   std::vector<Write> writes;
   bool writable = true;
+  // Runs before each write that will succeed.
+  std::function<void(const Write&)> onWrite;
 
  private:
   std::map<std::u16string, std::u16string> texts_;  // by path in lower case

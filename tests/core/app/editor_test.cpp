@@ -313,6 +313,16 @@ TEST_F(CommandTest, ARecentFileThatIsGoneStaysInTheList) {
   EXPECT_EQ(view.recentFiles, Texts{u"C:\\a.tmj"});
 }
 
+TEST_F(CommandTest, ARecentFileWhoseNameIsAFoldersNowCannotBeFound) {
+  files.AddFolder(u"C:\\a.tmj");
+  profiles.SetText(kOwnIni,
+                   u"[Previous Files]\r\nNumberPreviousFiles=1\r\nPreviousFilePath1=C:\\a.tmj\r\n");
+  Start();
+  editor.Execute(CommandId::kRecentFile1);
+  ASSERT_EQ(prompts.shown.size(), 1u);
+  EXPECT_EQ(prompts.shown[0].title, u"Can't find file");
+}
+
 TEST_F(CommandTest, NumbersBeyondTheListAndUnknownCommandsDoNothing) {
   Start();
   editor.Execute(CommandId::kRecentFile1);
@@ -332,6 +342,29 @@ TEST_F(CommandTest, TogglesTheTicks) {
     editor.Execute(id);
     EXPECT_EQ(view.commands[id].checked, before);
   }
+}
+
+TEST_F(CommandTest, TheTicksOfTheDownloadMenuDecideWhatADownloadDoes) {
+  files.AddFile(u"C:\\a.tmj", "use wren run_app C:\\game.exe\r\nBTN S1 X\r\n");
+  files.AddFile(u"C:\\game.exe", "");
+  Start(u"WrenDeck.exe C:\\a.tmj");
+  const auto download = [this] {
+    programs.started.clear();
+    CompilerReports(u"OK", 0, 3, u"");
+    editor.Execute(CommandId::kDownload);
+  };
+  download();
+  ASSERT_GE(programs.started.size(), 1u);
+  EXPECT_EQ(programs.started[0].commandLine,
+            u"C:\\Host\\HOTASCompiler.exe /WREN /CE \"C:\\a.tmj\"");
+  const std::size_t withApps = programs.started.size();
+  EXPECT_EQ(withApps, 2u);
+  editor.Execute(CommandId::kEnableAfterDownload);
+  editor.Execute(CommandId::kIgnoreRunApp);
+  download();
+  ASSERT_EQ(programs.started.size(), 1u) << "programs to run are ignored";
+  EXPECT_EQ(programs.started[0].commandLine,
+            u"C:\\Host\\HOTASCompiler.exe /WREN /CD \"C:\\a.tmj\"");
 }
 
 TEST_F(CommandTest, ClicksOnTabsSelectAndMiddleClicksClose) {
@@ -401,10 +434,21 @@ TEST_F(StartTest, ShowsToolTipsUnlessTheHostSaysNo) {
   EXPECT_FALSE(view.toolTips);
 }
 
-TEST_F(CommandTest, GreetsOverTheStatusBar) {
+TEST_F(CommandTest, GreetsOverTheStatusBarWhateverStandsThere) {
+  const std::u16string greeting = u"Hi there buddy, welcome to WrenDeck  - another handy utility!";
+  files.AddFile(u"C:\\a.tmj", "BTN S1 X");
   Start();
   editor.OnStatusBarHovered();
-  EXPECT_EQ(Panel(1), u"Hi there buddy, welcome to WrenDeck  - another handy utility!");
+  EXPECT_EQ(Panel(1), greeting);
+  Open(u"C:\\a.tmj");
+  editor.Execute(CommandId::kFileSave);
+  ASSERT_EQ(editor.Documents().CompilerBusy, 1);
+  editor.OnStatusBarHovered();
+  EXPECT_EQ(Panel(1), greeting);
+  CompilerReports(u"OK", 0, 3, u"");
+  editor.Execute(CommandId::kCompile);
+  editor.OnStatusBarHovered();
+  EXPECT_EQ(Panel(1), greeting);
 }
 
 TEST_F(CommandTest, ShowsToggleKeysAndClock) {
@@ -547,6 +591,35 @@ TEST_F(MainJobTest, SavingTheMacroFileShowsItsNewMacros) {
   editor.Execute(CommandId::kFileSave);
   EXPECT_EQ(panel.macros, (Texts{u"B2", u"A1"}));
   EXPECT_EQ(Panel(1), u"a.tmm successfully saved");
+}
+
+TEST_F(MainJobTest, ClosingAMacroFileEmptiesThePanel) {
+  files.AddFile(u"C:\\a.tmm", "A1 = b\r\n");
+  Start();
+  Open(u"C:\\a.tmm");
+  ASSERT_EQ(Panel(8), u"a.tmm");
+  editor.Execute(CommandId::kFileClose);
+  EXPECT_TRUE(panel.macros.empty());
+  EXPECT_TRUE(panel.headings.empty());
+  EXPECT_EQ(Panel(8), u"No macro file analysed");
+  EXPECT_EQ(view.PanelToolTip(8), u"");
+}
+
+TEST_F(MainJobTest, ClosingAMacroFileBesideItsJoystickFileShowsWhatThatOneUses) {
+  files.AddFile(u"C:\\a.tmj", "USE MDEF a\r\n");
+  files.AddFile(u"C:\\a.tmm", "A1 = b\r\n");
+  files.AddFile(u"C:\\other.tmm", "B1 = b\r\n");
+  Start();
+  Open(u"C:\\a.tmj");
+  Open(u"C:\\other.tmm");
+  ASSERT_EQ(panel.macros, Texts{u"B1"});
+  editor.OnTabClicked(1);
+  editor.OnTabMiddleClicked(2);
+  EXPECT_EQ(view.Captions(), (Captions{u"a.tmj", u"other.tmm"}));
+  EXPECT_EQ(panel.macros, Texts{u"B1"}) << "the tab that takes its place is a macro file";
+  editor.OnTabMiddleClicked(2);
+  EXPECT_EQ(panel.macros, Texts{u"A1"}) << "read from disk for the joystick file";
+  EXPECT_EQ(Panel(8), u"a.tmm");
 }
 
 TEST_F(MainJobTest, SwitchingTabsShowsTheMacrosOfTheirFiles) {

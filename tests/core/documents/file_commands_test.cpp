@@ -588,6 +588,28 @@ TEST_F(FileSaveAllTest, SavesEveryTabAndComesBack) {
   EXPECT_EQ(recent, (Paths{u"C:\\a.tmj", u"C:\\b.tmj", u"C:\\c.tmj"}));
 }
 
+TEST_F(FileSaveAllTest, ItsLastMessageIsNotLostUnderTheMacroAnalysisOfTheFormerTab) {
+  OpenNew(u"C:\\a.tmj", "a");
+  OpenNew(u"C:\\b.tmj", "b");
+  documents.Select(0);
+  documents.refreshMacros = [&](Document&) { status.Say(u"Done"); };
+  commands.FileSaveAll();
+  EXPECT_EQ(Panel(1), u"b.tmj successfully saved");
+}
+
+TEST_F(FileSaveAllTest, GoesOnAfterADocumentThatCouldNotBeSaved) {
+  OpenNew(u"C:\\a.tmj", "a");
+  OpenNew(u"C:\\b.tmj", "b");
+  Box(0).Type(u"1");
+  Box(1).Type(u"2");
+  files.Fail(FileOperation::kReplace, u"C:\\a.tmj");
+  commands.FileSaveAll();
+  EXPECT_EQ(documents[0].modifiedFlag, 1);
+  EXPECT_EQ(files.Content(u"C:\\a.tmj"), "a");
+  EXPECT_EQ(files.Content(u"C:\\b.tmj"), "2b");
+  EXPECT_EQ(prompts.shown.size(), 1u);
+}
+
 TEST_F(FileSaveAllTest, OpensSaveAsForEveryUntitledDocument) {
   commands.FileNew();
   dialogs.saveResults = {SaveChoice{u"C:\\one.tmj", 1}, std::nullopt};

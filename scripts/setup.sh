@@ -30,6 +30,13 @@ openbox                                                 openbox
 /usr/share/fonts/truetype/liberation*/LiberationMono-Regular.ttf  fonts-liberation
 /usr/share/wine/fonts/vgafix.fon                        fonts-wine
 python3                                                 python3
+/usr/sbin/cupsd                                         cups-daemon
+/usr/sbin/lpadmin                                       cups-client
+/usr/share/cups/ppdc                                    cups-ppdc
+/usr/lib/cups/filter/pdftopdf                           cups-filters
+gs                                                      ghostscript
+/usr/lib/cups/backend/cups-pdf                          printer-driver-cups-pdf
+pdftotext                                               poppler-utils
 '
 
 Present() {

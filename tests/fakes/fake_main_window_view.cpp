@@ -53,6 +53,7 @@ void FakeMainWindowView::SelectTab(int position) {
 
 void FakeMainWindowView::SetPanel(int panel, const std::u16string& text) {
   panels[PanelIndex(panel)] = text;
+  if (panel == 1) messages.push_back(text);
 }
 
 void FakeMainWindowView::SetPanelToolTip(int panel, const std::u16string& text) {

@@ -55,7 +55,8 @@ class FakeMainWindowView : public MainWindowView {
   std::vector<Tab> tabs;
   std::vector<int> selections;  // every tab that was selected, in order
   int selectedTab = 0;          // from 1, 0 for none; moves along when tabs before it come and go
-  std::array<std::u16string, kStatusPanels> panels;         // from 0
+  std::array<std::u16string, kStatusPanels> panels;  // from 0
+  std::vector<std::u16string> messages;              // every text of the first panel, in order
   std::array<std::u16string, kStatusPanels> panelToolTips;  // from 0
   std::map<CommandId, CommandState> commands;
   std::vector<std::u16string> recentFiles;

@@ -253,6 +253,35 @@ TEST_F(DocumentSetTest, RemovingATabKeepsTheOthersTextUndoAndFlag) {
   EXPECT_EQ(Box(1).undoSteps(), 1);
 }
 
+TEST_F(DocumentSetTest, RemovingATabBeforeTheCurrentOneKeepsTheDocumentCurrent) {
+  documents.Rename(0, u"C:\\a.tmj");
+  documents.Add();
+  documents.Rename(1, u"C:\\b.tmj");
+  documents.Add();
+  documents.Select(1);
+  documents.Remove(0);
+  EXPECT_EQ(documents.Current().path, u"C:\\b.tmj");
+  documents.Remove(1);
+  EXPECT_EQ(documents.Current().path, u"C:\\b.tmj");
+}
+
+TEST_F(DocumentSetTest, AFileThatIsCalledUntitledIsShownAsANewOneToo) {
+  documents.Rename(0, u"C:\\Untitled");
+  documents.Select(0);
+  EXPECT_EQ(Panel(3), u"New file");
+  documents[0].modifiedFlag = 2;
+  documents.Select(0);
+  EXPECT_EQ(Panel(3), u"Saved");
+}
+
+TEST_F(DocumentSetTest, OnlyTheValueOneMeansThatTheCompilerIsBusy) {
+  documents.CompilerBusy = 2;
+  documents.OnHoverTab(0);
+  EXPECT_EQ(Panel(1), u"Click to select Untitled for editing.");
+  documents.OnHoverText(documents[0].id);
+  EXPECT_EQ(Panel(1), u"Editing Untitled");
+}
+
 TEST_F(DocumentSetTest, AnEmptiedDocumentIsAnotherOne) {
   documents.Rename(0, u"C:\\a.tmj");
   Box().Type(u"x");

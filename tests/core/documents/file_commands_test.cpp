@@ -65,6 +65,12 @@ TEST_F(FileOpenTest, AddsATabWhenTheUntitledOneHoldsText) {
   EXPECT_FALSE(Box(0).visible());
 }
 
+TEST_F(FileOpenTest, TakesTheTabOfAnEmptyFileThatIsCalledUntitledToo) {
+  OpenNew(u"C:\\Untitled", "");
+  OpenNew(u"C:\\a.tmj", "x");
+  EXPECT_EQ(view.Captions(), Captions{u"a.tmj"});
+}
+
 TEST_F(FileOpenTest, AddsATabWhenTheCurrentOneHasAFile) {
   OpenNew(u"C:\\empty.tmj", "");
   OpenNew(u"C:\\a.tmj", "text");
@@ -255,6 +261,39 @@ TEST_F(FileOpenTest, RefusesAFileWithZeroBytesInsteadOfCuttingIt) {
   EXPECT_EQ(prompts.shown.size(), 1u);
 }
 
+TEST_F(FileOpenTest, SaysThatItOpensAFileAlsoWithoutTheDialog) {
+  files.AddFile(u"C:\\a.tmj", "x");
+  view.messages.clear();
+  commands.OpenPreviouslySavedFiles(u"C:\\a.tmj");
+  ASSERT_FALSE(view.messages.empty());
+  EXPECT_EQ(view.messages.front(), u"Opening file");
+  EXPECT_EQ(view.messages.back(), u"a.tmj successfully opened");
+}
+
+TEST_F(FileOpenTest, TheFlagOfATextThatWasTakenBackDoesNotStickToTheFile) {
+  Box().Type(u"x");
+  Box().Undo();
+  ASSERT_EQ(documents[0].modifiedFlag, 1);
+  OpenNew(u"C:\\a.tmj", "text");
+  EXPECT_EQ(view.Captions(), Captions{u"a.tmj"});
+  EXPECT_EQ(documents[0].modifiedFlag, 0);
+  EXPECT_EQ(Panel(3), u"Saved");
+}
+
+TEST_F(FileOpenTest, TellsTheNameWithoutBlanksRoundIt) {
+  OpenNew(u"C:\\ a.tmj", "x");
+  EXPECT_EQ(Panel(1), u"a.tmj successfully opened");
+  EXPECT_EQ(documents[0].path, u"C:\\ a.tmj");
+}
+
+TEST_F(FileOpenTest, ADocumentThatIsClosedMeanwhileIsNotSelectedAgain) {
+  OpenNew(u"C:\\a.tmj", "a");
+  onDetect = [&] { commands.FileClose(); };
+  OpenNew(u"C:\\b.tmj", "b");
+  EXPECT_EQ(view.Captions(), Captions{u"a.tmj"});
+  EXPECT_EQ(documents.CurrentIndex(), 0);
+}
+
 TEST_F(FileOpenTest, OpensAPathWithoutADialog) {
   files.AddFile(u"C:\\a.tmj", "x");
   EXPECT_TRUE(commands.OpenPreviouslySavedFiles(u"C:\\a.tmj"));
@@ -361,6 +400,14 @@ TEST_F(FileSaveTest, PutsItsMessageBackOverTextsOfMacroAnalysis) {
   documents.refreshMacros = [&](Document&) { status.Say(u"Opening m.tmm file for analysis "); };
   commands.FileSave();
   EXPECT_EQ(Panel(1), u"a.tmm successfully saved");
+  documents.refreshMacros = [&](Document&) {
+    status.Say(u"Analysing m.tmm for macros and sub-headings. Please wait ...");
+  };
+  commands.FileSave();
+  EXPECT_EQ(Panel(1), u"a.tmm successfully saved");
+  documents.refreshMacros = [&](Document&) { status.Say(u"A = x"); };
+  commands.FileSave();
+  EXPECT_EQ(Panel(1), u"A = x") << "any other text is no analysis";
 }
 
 TEST_F(FileSaveTest, RunsTheTabSwitchRefresh) {
@@ -494,6 +541,26 @@ TEST_F(FileSaveTest, DoesNotBuryNewerTextThatCannotBeKept) {
   EXPECT_EQ(prompts.shown.size(), 1u);
 }
 
+TEST_F(FileSaveTest, DoesNotWriteOverAFileThatCannotBeCompared) {
+  OpenNew(u"C:\\a.tmj", "old");
+  Box().Type(u"x");
+  files.Fail(FileOperation::kRead, u"C:\\a.tmj", u"The file is used by another process.");
+  commands.FileSave();
+  EXPECT_EQ(documents[0].modifiedFlag, 1);
+  EXPECT_EQ(Panel(1), u"a.tmj could not be saved");
+  files.StopFailing();
+  EXPECT_EQ(files.Content(u"C:\\a.tmj"), "old");
+}
+
+TEST_F(FileSaveTest, MakesNoCopyOfAFileThatHoldsTheNewTextAlready) {
+  OpenNew(u"C:\\a.tmj", "old");
+  Box().Type(u"x");
+  files.AddFile(u"C:\\a.tmj", "xold");
+  commands.FileSave();
+  EXPECT_FALSE(files.Exists(u"C:\\a.tmj.bak"));
+  EXPECT_EQ(documents[0].modifiedFlag, 0);
+}
+
 TEST_F(FileSaveAsTest, ShowsTheDialogWithItsFilter) {
   OpenNew(u"C:\\Work\\a.tmm", "x");
   dialogs.saveResults.push_back(std::nullopt);
@@ -505,6 +572,14 @@ TEST_F(FileSaveAsTest, ShowsTheDialogWithItsFilter) {
   EXPECT_EQ(dialogs.saveRequests[0].initialFolder, u"C:\\Host\\Files\\");
   EXPECT_EQ(dialogs.saveRequests[0].fileName, u"a.tmm");
   EXPECT_EQ(dialogs.saveRequests[0].filterIndex, 2);
+}
+
+TEST_F(FileSaveAsTest, GoesToTheFilesFolderBeforeTheDialog) {
+  dialogs.saveResults.push_back(std::nullopt);
+  commands.FileSaveAs();
+  EXPECT_EQ(files.Absolute(u"x"), u"C:\\Host\\Files\\x");
+  EXPECT_EQ(dialogs.saveRequests[0].fileName, u"") << "an untitled document suggests no name";
+  EXPECT_EQ(dialogs.saveRequests[0].filterIndex, 1);
 }
 
 struct ExtensionCase {
@@ -544,6 +619,31 @@ TEST_F(FileSaveAsTest, AsksBeforeOverwritingTheFinalPath) {
   EXPECT_EQ(files.Content(u"C:\\b.tmj"), "mine");
   EXPECT_FALSE(files.Exists(u"C:\\b.tmj.bak")) << "the user agreed to lose it";
   EXPECT_EQ(documents[0].path, u"C:\\b.tmj");
+}
+
+TEST_F(FileSaveAsTest, TheLeaveToOverwriteIsForThatOneTime) {
+  files.AddFile(u"C:\\b.tmj", "other");
+  Box().Type(u"mine");
+  prompts.answers = {Answer::kYes};
+  dialogs.saveResults = {SaveChoice{u"C:\\b.tmj", 1}};
+  commands.FileSaveAs();
+  ASSERT_EQ(files.Content(u"C:\\b.tmj"), "mine");
+  files.AddFile(u"C:\\b.tmj", "newer");
+  commands.FileSave();
+  EXPECT_EQ(files.Content(u"C:\\b.tmj.bak"), "newer");
+}
+
+TEST_F(FileSaveAsTest, ACancelledDialogChangesNothing) {
+  OpenNew(u"C:\\a.tmj", "old");
+  Box().Type(u"x");
+  const std::u16string message = Panel(1);
+  dialogs.saveResults = {std::nullopt};
+  EXPECT_FALSE(commands.FileSaveAs());
+  EXPECT_EQ(documents[0].path, u"C:\\a.tmj");
+  EXPECT_EQ(view.TabAt(1), (FakeMainWindowView::Tab{u"a.tmj", u"C:\\a.tmj"}));
+  EXPECT_EQ(documents[0].modifiedFlag, 1);
+  EXPECT_EQ(Panel(1), message);
+  EXPECT_EQ(documents.CompilerBusy, 0);
 }
 
 TEST_F(FileSaveAsTest, GoesBackToTheOldNameWhenTheWriteFails) {
@@ -663,6 +763,16 @@ TEST_F(FileCloseTest, ClosingTheLastTabSelectsTheOneBeforeIt) {
   EXPECT_EQ(documents.CurrentIndex(), 0);
   EXPECT_EQ(view.selectedTab, 1);
   EXPECT_TRUE(Box(0).visible());
+}
+
+TEST_F(FileCloseTest, TheTextThatIsShownThenHasTheFocus) {
+  OpenNew(u"C:\\a.tmj", "a");
+  OpenNew(u"C:\\b.tmj", "b");
+  commands.FileClose();
+  EXPECT_TRUE(Box().focused());
+  commands.FileClose();
+  EXPECT_TRUE(Box().focused());
+  EXPECT_EQ(view.Captions(), Captions{u"Untitled"});
 }
 
 TEST_F(FileCloseTest, AsksForAModifiedDocument) {

@@ -4,11 +4,15 @@ import subprocess
 import unittest
 
 import harness
-from editor_steps import EditorTest
+from editor_steps import EditorTest, park, plain
 from harness import ini_value, probe, wait_for
 
 SHIFT_LAMP, MENUS, HEADING, WARNING, EVENTS, NAMES = 1501, 1505, 1506, 1507, 1508, 1509
 TITLE = "Key Tester"
+
+
+def rect_of(items, caption):
+    return next(item["rect"] for item in items if plain(item["caption"]) == caption)
 
 
 def lines_of(*texts):
@@ -40,31 +44,32 @@ class KeyTester(EditorTest):
         self.tester = self.wait_tester()
 
     def wait_tester(self):
+        """The key tester with an empty log.
+
+        The key that opened it comes up in it or before it, and what comes up is logged. Clicks are
+        behind that key in the system's queue, so nothing of it comes after they have acted.
+        """
         tester = self.editor.wait_window("KeyTestForm", TITLE)
+        self.wait_keyboard(tester)
+        self.choose_from_bar(tester, "File", "Clear all")
+        self.wait_equal("", lambda: tester.child(id=EVENTS).text, "an empty log")
+        return tester
+
+    def wait_keyboard(self, tester):
         wait_for(lambda: tester.is_foreground()
                  and (harness.window_with_keys() or ("", ""))[1] == TITLE,
                  "the key tester to have the keyboard")
-        self.wait_equal("", lambda: self.held_letters(tester), "the opening's own key to be over")
-        self.clear()
-        return tester
-
-    def held_letters(self, tester):
-        """The key that opened the window comes up in it, or not, as the system has it."""
-        text = tester.child(id=EVENTS).text
-        return "" if text in ("", lines_of("Up: F6")) else text
-
-    def clear(self):
-        tester = self.editor.wait_window("KeyTestForm", TITLE)
-        self.choose_from_bar(tester, 0, 0)
-        self.wait_equal("", lambda: tester.child(id=EVENTS).text, "an empty log")
 
     def choose_from_bar(self, tester, menu, item):
-        """Clicks a menu of the bar and chooses its item, both from 0."""
-        left, top = tester.child(id=SHIFT_LAMP).rect[:2]
-        harness.click(left + (10, 45, 95)[menu], top - 14)
-        self.editor.wait_window(harness.POPUP_MENU)
-        harness.press_keys(*["Down"] * (item + 1), "Return")
+        """With the mouse: a key that chooses comes up in the key tester and is logged there."""
+        bar = probe().ask("menu", tester.handle)
+        harness.click(*harness.middle(rect_of(bar, menu)))
+        self.choose_from_popup(item)
+
+    def choose_from_popup(self, item):
+        harness.click(*harness.middle(rect_of(self.editor.popup_menu(), item)))
         self.wait_no_popup()
+        park()
 
     def wait_no_popup(self):
         wait_for(lambda: all(window.kind != harness.POPUP_MENU for window in self.editor.windows()),
@@ -157,10 +162,7 @@ class Keys(KeyTester):
 
     def test_the_boxes_are_cleared_by_the_first_key_after_the_pause(self):
         self.prefer("Key Tester", "ClearDelay", 0)
-        self.editor = self.start_editor()
-        self.editor.key("F6")
-        self.tester = self.editor.wait_window("KeyTestForm", TITLE)
-        wait_for(self.tester.is_foreground, "the key tester in front")
+        self.open_tester()
         self.press("a")
         wait_for(lambda: "Up: a" in self.events(), "the first key")
         harness.time.sleep(0.6)  # the pause is what is tested
@@ -205,7 +207,7 @@ class Modes(KeyTester):
 
     def test_switch_stick_off_asks_for_windows_mode(self):
         self.open_tester()
-        self.choose_from_bar(self.tester, 0, 2)
+        self.choose_from_bar(self.tester, "File", "Switch stick off")
         wait_for(lambda: ini_value(self.app_file("HOTAS.ini"), "TMMODE", "Buttons") == "0",
                  "the controllers in Windows mode")
 
@@ -253,9 +255,7 @@ class Table(KeyTester):
 class Boxes(KeyTester):
     def choose_from_box(self, box, item):
         self.tester.child(id=box).right_click()
-        self.editor.wait_window(harness.POPUP_MENU)
-        harness.press_keys(*["Down"] * item, "Return")
-        self.wait_no_popup()
+        self.choose_from_popup(item)
 
     def test_a_log_is_copied_saved_and_cleared(self):
         self.open_tester()
@@ -264,16 +264,15 @@ class Boxes(KeyTester):
         log = lines_of("Down: F5", "Up: F5", "Down: CTL", "Down: F5", "Up: F5", "Up: CTL")
         self.wait_equal(log, self.events, "the events")
 
-        # Nothing is selected: the first item that can be chosen is "Copy all".
-        self.choose_from_box(EVENTS, 1)
+        self.choose_from_box(EVENTS, "Copy all")
         saved = self.app_file("Files/log.txt")
-        self.choose_from_box(EVENTS, 2)
+        self.choose_from_box(EVENTS, "Save as text...")
         self.editor.wait_dialog("Save As").enter_file(harness.windows_path(saved))
         wait_for(saved.exists, "the saved log")
         self.wait_equal(log.encode(), saved.read_bytes, "the log in its file")
 
-        wait_for(self.tester.is_foreground, "the keyboard back in the key tester")
-        self.choose_from_box(EVENTS, 3)
+        self.wait_keyboard(self.tester)
+        self.choose_from_box(EVENTS, "Clear")
         self.wait_equal("", self.events, "an empty log")
         self.assertEqual(lines_of("F5", "Ctrl F5"), self.names())
 
@@ -286,7 +285,7 @@ class Boxes(KeyTester):
     def test_view_all_and_the_menus_are_switched(self):
         self.open_tester()
         self.assertEqual("Up/Down/Keycode events", self.tester.child(id=HEADING).text)
-        self.choose_from_bar(self.tester, 1, 0)
+        self.choose_from_bar(self.tester, "View", "View all")
         self.wait_equal([], lambda: self.tester.children(id=EVENTS), "one box only")
         self.assertEqual("Events", self.tester.child(id=HEADING).text)
         self.tester.child(id=MENUS).click()

@@ -1,5 +1,5 @@
-// Where a line of a document is. The edit box is asked for it by number: asking position by position
-// would be quadratic in the real control, with the same result.
+// Where a line of a document is. The edit box is asked for it by number: asking position by
+// position would be quadratic in the real control, with the same result.
 #pragma once
 
 #include <optional>

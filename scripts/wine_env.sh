@@ -56,7 +56,7 @@ WineEnd() {
   WineStopServer
   local pid
   for pid in $wineManagerPid $wineDisplayPid; do
-    kill "$pid" 2>/dev/null && wait "$pid" 2>/dev/null
+    kill "$pid" 2>/dev/null && wait "$pid" 2>/dev/null || true
   done
   wineManagerPid='' wineDisplayPid=''
   rm -f "$wineOwnerFile"
@@ -124,8 +124,8 @@ WineStartServer() {
 
 WineStopServer() {
   [ -d "$wineHome" ] || return 0
-  wineserver -k </dev/null >/dev/null 2>&1
-  wineserver -w </dev/null >/dev/null 2>&1
+  wineserver -k </dev/null >/dev/null 2>&1 || true # there is none to stop
+  wineserver -w </dev/null >/dev/null 2>&1 || true
 }
 
 # Makes the prefix unless one from this very recipe is there.

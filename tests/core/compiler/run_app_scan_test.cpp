@@ -2,8 +2,12 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
+#include <random>
 #include <string>
 #include <vector>
+
+#include "tests/core/compiler/plain_run_app_scan.h"
 
 namespace deck {
 namespace {
@@ -119,9 +123,9 @@ const ScanCase kCases[] = {
     {"a statement is not continued on the next line", u"use wren\nrun_app c:\\x.exe and more", {}},
 };
 
-class RunAppScan : public testing::TestWithParam<ScanCase> {};
+class RunAppStatements : public testing::TestWithParam<ScanCase> {};
 
-TEST_P(RunAppScan, FindsWhatTheTextNames) {
+TEST_P(RunAppStatements, FindsWhatTheTextNames) {
   const std::vector<AppToRun> found = FindAppsToRun(GetParam().text);
   ASSERT_EQ(found.size(), GetParam().apps.size());
   for (std::size_t i = 0; i < found.size(); ++i) {
@@ -130,7 +134,51 @@ TEST_P(RunAppScan, FindsWhatTheTextNames) {
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(Rules, RunAppScan, testing::ValuesIn(kCases));
+INSTANTIATE_TEST_SUITE_P(Rules, RunAppStatements, testing::ValuesIn(kCases));
+
+// Mostly statements, so that most of them come through to the last rule.
+std::u16string RandomStatements(std::mt19937& dice) {
+  constexpr std::u16string_view kParts[] = {u"\n",
+                                            u" ",
+                                            u"\t",
+                                            u"use wren run_app ",
+                                            u"\nUSE  wren\tRun_App ",
+                                            u"x",
+                                            u"abc",
+                                            u"rem ",
+                                            u"REM",
+                                            u"Theorem files",
+                                            u" ",
+                                            u"c:\\x.exe",
+                                            u"window_style",
+                                            u" Window_Style ",
+                                            u"0",
+                                            u"1",
+                                            u"4",
+                                            u"5",
+                                            u"use",
+                                            u"\u0130",
+                                            u"\u212A",
+                                            u"\"c:\\a b\"",
+                                            u"\xD800",
+                                            u"window_style 12",
+                                            u"  "};
+  std::u16string text;
+  for (auto part = dice() % 24; part > 0; --part) text += kParts[dice() % std::size(kParts)];
+  return text;
+}
+
+TEST(RunAppScan, AgreesWithTheRulesStepByStepOnAnyText) {
+  std::mt19937 dice(1);  // the same every time
+  std::size_t found = 0;
+  for (int round = 0; round < 20'000; ++round) {
+    const std::u16string text = RandomStatements(dice);
+    const std::vector<AppToRun> apps = FindAppsToRun(text);
+    ASSERT_EQ(apps, PlainFindAppsToRun(text)) << "round " << round;
+    found += apps.size();
+  }
+  EXPECT_GT(found, 5000U) << "the texts have to be worth scanning";
+}
 
 TEST(RunAppScanSpeed, ALineOfAMillionBlanksIsCleanedUpInOneGo) {
   const std::u16string line = u"use" + std::u16string(1'000'000, u' ') + u"wren run_app c:\\x.exe";

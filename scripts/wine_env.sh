@@ -96,9 +96,20 @@ WineStartDisplay() {
   DISPLAY=:$(cat "$numberFile")
   export DISPLAY
   rm -f "$numberFile"
-  openbox --sm-disable >"$wineRoot/build/logs/openbox.log" 2>&1 </dev/null &
+  WineManagerSettings >"$wineRoot/build/openbox.xml"
+  openbox --sm-disable --config-file "$wineRoot/build/openbox.xml" >"$wineRoot/build/logs/openbox.log" 2>&1 </dev/null &
   wineManagerPid=$!
   WineWaitFor 10 WineManagerRuns || printf 'wine: going on without a window manager\n' >&2
+}
+
+# The usual settings without their shortcuts: Alt+F4, Print and all other keys are the program's.
+WineManagerSettings() {
+  local usual=/etc/xdg/openbox/rc.xml
+  if [ -r "$usual" ]; then
+    sed '/<keyboard>/,/<\/keyboard>/c <keyboard></keyboard>' "$usual"
+  else
+    printf '<openbox_config xmlns="http://openbox.org/3.4/rc"><keyboard></keyboard></openbox_config>\n'
+  fi
 }
 
 WineManagerRuns() {

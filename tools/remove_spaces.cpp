@@ -17,6 +17,8 @@ void SlashAlignment::RemoveSpaces() {
   LeaveTemporaryFile(u"DeckAlign.txt", text);
   LeaveTemporaryFile(u"DeckAlign2.txt", aligned);
   box.Apply(BlankEdits(text, aligned));
+  // The whole text was written anew, even where it reads the same.
+  documents_.OnChanged(documents_.Current().id);
 }
 
 void SlashAlignment::LeaveTemporaryFile(std::u16string_view name, std::u16string_view text) {

@@ -25,8 +25,8 @@ class SlashAlignment {
       : documents_(documents), status_(status), settings_(settings), ports_(ports) {}
 
   // Aligns the whole current document, as one step that one undo takes back; selection and scroll
-  // position stay with their text. A document that is aligned already keeps its flag and its undo
-  // history as they are. Does nothing in an empty document.
+  // position stay with their text. The document counts as modified from then on, also one that was
+  // aligned already; there is nothing to undo in that. Does nothing in an empty document.
   //
   // The text before and after is left in DeckAlign.txt and DeckAlign2.txt of the program's Temp
   // folder, when there is one, as the document's file would be written. They are for other programs

@@ -67,10 +67,13 @@ TEST_F(RemoveSpacesTest, KeepsPathCaptionAndTheLastBreak) {
   EXPECT_EQ(view.Captions(), std::vector<std::u16string>{u"a.tmj"});
 }
 
-TEST_F(RemoveSpacesTest, ADocumentThatIsAlignedKeepsFlagAndHistory) {
-  Box().Load(u"BTN T1 /I X\n       /O Y\n");
+TEST_F(RemoveSpacesTest, ADocumentThatIsAlignedAlreadyCountsAsModifiedButHasNothingToUndo) {
+  const std::u16string text = u"BTN T1 /I X\n       /O Y\n";
+  Box().Load(text);
   alignment.RemoveSpaces();
-  EXPECT_EQ(documents.Current().modifiedFlag, 0);
+  EXPECT_EQ(Box().Text(), text);
+  EXPECT_EQ(documents.Current().modifiedFlag, 1);
+  EXPECT_EQ(Panel(3), u"Modified");
   EXPECT_FALSE(Box().CanUndo());
   EXPECT_EQ(Panel(1), u" Hang on - this could take time ...");
 }
@@ -79,6 +82,7 @@ TEST_F(RemoveSpacesTest, DoesNothingInAnEmptyDocument) {
   status.Say(u"as before");
   alignment.RemoveSpaces();
   EXPECT_EQ(Panel(1), u"as before");
+  EXPECT_EQ(documents.Current().modifiedFlag, 0);
   EXPECT_FALSE(Box().CanUndo());
   EXPECT_TRUE(files.AllFiles().empty());
 }

@@ -11,6 +11,7 @@
 #include "find/win32/selection_on_screen.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
+#include "platform/win32/owned_window.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/wide_text.h"
@@ -115,10 +116,7 @@ void FindAndReplaceWindow::Close() {
 }
 
 void FindAndReplaceWindow::Minimise() {
-  if (!IsOpen()) return;
-  // Not every system looks for the next window itself: the keys would go to the minimised one.
-  if (GetActiveWindow() == window_) SetActiveWindow(owner_);
-  ShowWindow(window_, SW_SHOWMINNOACTIVE);
+  if (IsOpen()) MinimiseOwned(window_);
 }
 
 void FindAndReplaceWindow::CreateParts() {

@@ -13,6 +13,7 @@
 #include "platform/twips.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
+#include "platform/win32/owned_window.h"
 #include "platform/win32/procedure_border.h"
 
 namespace deck {
@@ -114,7 +115,7 @@ InfoWindowPlace InfoWindow::Place() const {
 }
 
 void InfoWindow::Minimise() {
-  ShowWindow(window_, SW_MINIMIZE);
+  if (window_ != nullptr) MinimiseOwned(window_);
 }
 
 void InfoWindow::Unload() {

@@ -336,11 +336,16 @@ TEST_F(FindDialogTest, ShowsTheControlsOfOnePageOnly) {
 
 TEST_F(FindDialogTest, IsRestoredWhenOpenedAgain) {
   find.mnuFRGArray(0);
+  SetWindowPos(dialog.Handle(), nullptr, 130, 140, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+  const Rectangle place = ScreenPlace(dialog.Handle());
   find.Minimise();
   EXPECT_TRUE(IsIconic(dialog.Handle()));
+  EXPECT_FALSE(IsIconic(window.Handle()));
   EXPECT_EQ(GetActiveWindow(), window.Handle());
   find.mnuFRGArray(1);
   EXPECT_FALSE(IsIconic(dialog.Handle()));
+  EXPECT_TRUE(IsWindowVisible(dialog.Handle()));
+  EXPECT_EQ(ScreenPlace(dialog.Handle()), place);
   EXPECT_EQ(Focused(), kComboTextReplaceFind);
 }
 

@@ -22,6 +22,7 @@ DesktopTest
 Program: one started program and its windows
     windows(), dialogs()                  its visible top-level windows, topmost first
     wait_window(kind=, title=), wait_dialog(title), wait_no_window(title)     -> Window
+    wait_keyboard(window)                 until keys reach that window -> the same
     main                                  its main window
     key("ctrl+o", ...), type("text")      once one of its windows has the keyboard
     close(), wait_end() -> exit status, end()
@@ -387,6 +388,7 @@ class Program:
         self.executable = Path(executable)
         self._mark = f"{log.parent}:{os.getpid()}:{time.monotonic_ns()}"
         self._main = None
+        self._known = set()  # windows that have had the display's keyboard
         with open(log, "ab") as output:
             # pylint: disable-next=consider-using-with  # ends in wait_end() or end()
             self._process = subprocess.Popen(
@@ -414,14 +416,14 @@ class Program:
         return wait_for(look, f"a window of class {kind} titled {title}", seconds)
 
     def wait_dialog(self, title, seconds=PATIENCE):
-        return self._wait_keys(self.wait_window(DIALOG, title, seconds))
+        return self.wait_keyboard(self.wait_window(DIALOG, title, seconds))
 
     def wait_no_window(self, title):
         wait_for(lambda: all(window.title != title for window in self.windows()),
                  f"the end of the window \"{title}\"")
 
     def wait_main(self, kind, seconds=PATIENCE):
-        self._main = self._wait_keys(self.wait_window(kind=kind, seconds=seconds))
+        self._main = self.wait_keyboard(self.wait_window(kind=kind, seconds=seconds))
         return self._main
 
     @property
@@ -430,18 +432,29 @@ class Program:
         return next((window for window in self.windows() if window.handle == self._main.handle),
                     self._main)
 
-    def _wait_keys(self, window):
+    def wait_keyboard(self, window):
         """A window that takes the keyboard is on the display, where a click finds it."""
-        wait_for(lambda: window_with_keys() == (self._process.pid, window.title),
-                 f"\"{window.title}\" to have the keyboard")
+        wait_for(lambda: self._takes_keys(window), f"\"{window.title}\" to have the keyboard")
         return window
 
     # Keys go to the window with the focus, whosever it is.
 
+    def _takes_keys(self, window):
+        """Whether a key that is pressed now reaches that window.
+
+        Among windows that have had the display's keyboard before, the program itself passes the
+        focus on without telling the display: it gets the keys by any of them.
+        """
+        if not window.is_foreground():
+            return False
+        keyboard = window_with_keys()
+        if keyboard == (self._process.pid, window.title):
+            self._known.add(window.handle)
+        return (keyboard is not None and keyboard[0] == self._process.pid
+                and window.handle in self._known)
+
     def _has_keys(self):
-        foreground = next((window for window in self.windows() if window.is_foreground()), None)
-        return (foreground is not None
-                and window_with_keys() == (self._process.pid, foreground.title))
+        return any(self._takes_keys(window) for window in self.windows())
 
     def _wait_foreground(self):
         wait_for(self._has_keys, f"a window of {self.executable.name} to have the keyboard")

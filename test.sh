@@ -137,6 +137,19 @@ Static() {
   Has cppcheck cppcheck && Check cppcheck Cppcheck
 }
 
+# Each transformation of texts for 20 seconds; scripts/fuzz.sh runs them as long as wanted.
+FuzzTargets() {
+  local lacking start=$SECONDS
+  if lacking=$(scripts/fuzz.sh --lacking); then
+    Skip fuzz "$lacking"
+    return
+  fi
+  Say fuzz
+  rm -f "$logs/fuzz.counts"
+  scripts/fuzz.sh 20
+  CountRunner fuzz "$logs/fuzz.counts" "$start"
+}
+
 SkipAll() {
   local reason=$1 kind
   shift
@@ -178,6 +191,7 @@ Build native-asan
 Suites native native-asan
 Static
 if [ $quick = no ]; then
+  FuzzTargets
   WindowsKinds
   Has clang-tidy clang-tidy && Check clang-tidy scripts/check_tidy.py build/native-asan
 fi

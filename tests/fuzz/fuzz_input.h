@@ -17,6 +17,7 @@ class FuzzInput {
  public:
   FuzzInput(const std::uint8_t* bytes, std::size_t size) : bytes_(bytes), size_(size) {}
 
+  bool IsAtEnd() const { return size_ == 0; }
   // 0 when no bytes are left.
   int Byte() {
     if (size_ == 0) return 0;

@@ -6,35 +6,13 @@
 
 #include "platform/text_edits.h"
 #include "platform/text_search.h"
+#include "tests/core/platform/plain_search.h"
 
 namespace deck {
 namespace {
 
-struct Outcome {
-  std::u16string text;
-  int count = 0;
-  int searchStart = 0;
-
-  friend bool operator==(const Outcome&, const Outcome&) = default;
-};
-
-// Finding, replacing and searching on in the changed text, one match at a time.
-Outcome OneByOne(std::u16string text, std::u16string_view pattern,
-                 const std::u16string& replacement, int options) {
-  Outcome outcome;
-  for (int found = FindInText(text, pattern, 0, static_cast<int>(text.size()), options); found >= 0;
-       found =
-           FindInText(text, pattern, outcome.searchStart, static_cast<int>(text.size()), options)) {
-    text.replace(static_cast<std::size_t>(found), pattern.size(), replacement);
-    outcome.searchStart = found + static_cast<int>(replacement.size());
-    ++outcome.count;
-  }
-  outcome.text = std::move(text);
-  return outcome;
-}
-
-Outcome AtOnce(const std::u16string& text, std::u16string_view pattern,
-               const std::u16string& replacement, int options) {
+PlainReplacements AtOnce(const std::u16string& text, std::u16string_view pattern,
+                         const std::u16string& replacement, int options) {
   const Replacements made = ReplaceAllMatches(text, pattern, replacement, options);
   return {Edited(text, made.edits), static_cast<int>(made.edits.size()), made.searchStart};
 }
@@ -53,7 +31,7 @@ TEST(ReplaceAllMatches, AgreesWithReplacingOneByOne) {
     const std::u16string pattern = u"" + text(4);
     const std::u16string replacement = text(4);
     const int options = static_cast<int>(2 * (random() % 4));
-    const Outcome expected = OneByOne(before, pattern, replacement, options);
+    const PlainReplacements expected = ReplaceOneByOne(before, pattern, replacement, options);
     replaced += expected.count;
     ASSERT_EQ(AtOnce(before, pattern, replacement, options), expected)
         << "round " << round << ": " << testing::PrintToString(pattern) << " by "
@@ -66,15 +44,15 @@ TEST(ReplaceAllMatches, AgreesWithReplacingOneByOne) {
 // What stands before a match is what the replacement of the one before has brought there.
 TEST(ReplaceAllMatches, JudgesWholeWordsByTheChangedText) {
   EXPECT_EQ(AtOnce(u"-a-a-a", u"-a", u".", kFindWholeWord).text, u"...");
-  EXPECT_EQ(AtOnce(u"-a--a-", u"-a-", u"x", kFindWholeWord), (Outcome{u"x-a-", 1, 1}));
-  EXPECT_EQ(AtOnce(u"-a--a-", u"-a-", u"", kFindWholeWord), (Outcome{u"", 2, 0}));
-  EXPECT_EQ(AtOnce(u"x-a--a-", u"-a-", u"", kFindWholeWord), (Outcome{u"x-a-", 1, 4}));
-  EXPECT_EQ(AtOnce(u" -a--a-", u"-a-", u"", kFindWholeWord), (Outcome{u" ", 2, 1}));
+  EXPECT_EQ(AtOnce(u"-a--a-", u"-a-", u"x", kFindWholeWord), (PlainReplacements{u"x-a-", 1, 1}));
+  EXPECT_EQ(AtOnce(u"-a--a-", u"-a-", u"", kFindWholeWord), (PlainReplacements{u"", 2, 0}));
+  EXPECT_EQ(AtOnce(u"x-a--a-", u"-a-", u"", kFindWholeWord), (PlainReplacements{u"x-a-", 1, 4}));
+  EXPECT_EQ(AtOnce(u" -a--a-", u"-a-", u"", kFindWholeWord), (PlainReplacements{u" ", 2, 1}));
 }
 
 TEST(ReplaceAllMatches, FindsNoEmptyText) {
-  EXPECT_EQ(AtOnce(u"abc", u"", u"x", 0), (Outcome{u"abc", 0, 0}));
-  EXPECT_EQ(AtOnce(u"", u"a", u"x", 0), (Outcome{u"", 0, 0}));
+  EXPECT_EQ(AtOnce(u"abc", u"", u"x", 0), (PlainReplacements{u"abc", 0, 0}));
+  EXPECT_EQ(AtOnce(u"", u"a", u"x", 0), (PlainReplacements{u"", 0, 0}));
 }
 
 TEST(ReplaceAllMatches, EndsBeforeTheTextGetsTooLong) {

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/strings.h"
+#include "tests/core/platform/plain_search.h"
 
 namespace deck {
 namespace {
@@ -83,23 +83,6 @@ TEST(FindInText, FindsAWholeWordThatOverlapsAPlaceWhereItIsNone) {
   EXPECT_EQ(FindInText(u"xa-a-a", u"a-a", 0, kAll, kFindWholeWord), 3);
 }
 
-// What FindInText promises, in the simplest words.
-int Reference(std::u16string_view text, std::u16string_view pattern, int start, int end,
-              int options) {
-  const auto isWord = [](char16_t c) { return c == u'_' || (c >= u'a' && c <= u'z') || c == u'A'; };
-  const int size = static_cast<int>(pattern.size());
-  const auto at = [text](int i) { return text[static_cast<std::size_t>(i)]; };
-  for (int i = std::max(start, 0); i + size <= std::min(end, static_cast<int>(text.size())); ++i) {
-    const auto part = text.substr(static_cast<std::size_t>(i), pattern.size());
-    const bool equal =
-        options & kFindMatchCase ? part == pattern : EqualsIgnoringCase(part, pattern);
-    const bool joined = (i > 0 && isWord(at(i - 1))) ||
-                        (i + size < static_cast<int>(text.size()) && isWord(at(i + size)));
-    if (equal && !(options & kFindWholeWord && joined)) return i;
-  }
-  return -1;
-}
-
 std::u16string RandomText(std::mt19937& random, int size) {
   constexpr std::u16string_view kLetters = u"aaAb. ";
   std::u16string text;
@@ -119,7 +102,7 @@ TEST(FindInText, AgreesWithASearchAtEveryPosition) {
     const int start = number(20) - 3;
     const int end = number(45);
     const int options = 2 * number(4);
-    const int expected = Reference(text, pattern, start, end, options);
+    const int expected = PlainFind(text, pattern, start, end, options);
     found += expected >= 0;
     ASSERT_EQ(FindInText(text, pattern, start, end, options), expected)
         << "round " << round << ", options " << options;

@@ -5,6 +5,7 @@
 
 #include <sddl.h>
 
+#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -13,6 +14,7 @@
 #include "platform/win32/handles.h"
 #include "platform/win32/wide_text.h"
 #include "tests/contract/win32/temporary_folder.h"
+#include "tests/contract/win32/writing_program.h"
 
 namespace deck {
 namespace {
@@ -69,6 +71,56 @@ TEST_F(Win32FilesTest, KeepsWhoMayUseTheFile) {
   ASSERT_TRUE(files_.Replace(path_, "new"));
   EXPECT_EQ(AccessRights(path_), restricted);
   EXPECT_EQ(Content(), "new");
+}
+
+// The same test program, writing the file until this object goes, which kills it on the spot.
+class Writer {
+ public:
+  explicit Writer(const std::u16string& file) {
+    STARTUPINFOW start{};
+    start.cb = sizeof start;
+    std::wstring commandLine = Wide(WritingCommandLine(file));
+    PROCESS_INFORMATION process{};
+    EXPECT_TRUE(CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
+                               nullptr, &start, &process));
+    process_ = KernelHandle(process.hProcess);
+    CloseHandle(process.hThread);
+  }
+  ~Writer() {
+    TerminateProcess(process_.Get(), 1);
+    WaitForSingleObject(process_.Get(), INFINITE);
+  }
+  Writer(const Writer&) = delete;
+  Writer& operator=(const Writer&) = delete;
+
+ private:
+  KernelHandle process_;
+};
+
+// Looks at the file without opening it, which would keep it from being replaced on some systems.
+std::int64_t WrittenAt(const std::u16string& path) {
+  WIN32_FILE_ATTRIBUTE_DATA data{};
+  GetFileAttributesExW(Wide(path), GetFileExInfoStandard, &data);
+  const FILETIME& time = data.ftLastWriteTime;
+  return static_cast<std::int64_t>(time.dwHighDateTime) << 32 | time.dwLowDateTime;
+}
+
+TEST_F(Win32FilesTest, AProcessThatIsKilledWhileItWritesLeavesAWholeFile) {
+  constexpr ULONGLONG kPatience = 60'000;
+  for (DWORD round = 0; round < 12; ++round) {
+    const std::int64_t before = WrittenAt(path_);
+    {
+      const Writer writer(path_);
+      const ULONGLONG start = GetTickCount64();
+      while (WrittenAt(path_) == before && GetTickCount64() - start < kPatience) Sleep(1);
+      // Each time at another point between two writes.
+      Sleep(round);
+    }
+    const std::string content = Content();
+    ASSERT_NE(WrittenAt(path_), before) << "nothing was written";
+    EXPECT_EQ(content.size(), kWrittenLength);
+    EXPECT_EQ(content.find_first_not_of(content[0]), std::string::npos) << "of two writes";
+  }
 }
 
 TEST_F(Win32FilesTest, WritesOverAFileThatAnotherProgramKeepsFromBeingReplaced) {

@@ -14,6 +14,7 @@
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/owned_window.h"
+#include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
 
 namespace deck {
@@ -58,6 +59,15 @@ Rectangle WorkAreaNear(const RECT& place) {
   GetMonitorInfoW(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
   const RECT& area = monitor.rcWork;
   return {area.left, area.top, area.right - area.left, area.bottom - area.top};
+}
+
+// `point` as WM_MOUSEMOVE of the control tells it.
+void ReportPointer(HWND control, LPARAM point, const std::function<void()>& over) {
+  if (!HasPointerMoved(control, point) || !over) return;
+  InProcedure([&over] {
+    over();
+    return LRESULT{0};
+  });
 }
 
 }  // namespace
@@ -127,9 +137,10 @@ void InfoWindow::Unload() {
 void InfoWindow::CreateControls() {
   text_ = CreateControl(MSFTEDIT_CLASS, L"", WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_NOHIDESEL,
                         window_, ControlId::kInfoText);
-  SetWindowSubclass(text_, TextProcedure, 0, 0);
+  SetWindowSubclass(text_, TextProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
   SendMessageW(text_, EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
   ok_ = CreateControl(WC_BUTTONW, L"OK", BS_DEFPUSHBUTTON, window_, ControlId::kInfoCommand1);
+  SetWindowSubclass(ok_, OkProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
   SetFont();
 }
 
@@ -159,11 +170,6 @@ void InfoWindow::OnDpiChanged(const RECT& suggested) {
                suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-void InfoWindow::OnHover(HWND control) {
-  if (control == ok_ && events.overOk) events.overOk();
-  if (control == text_ && events.overText) events.overText();
-}
-
 LRESULT InfoWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_CREATE:
@@ -181,9 +187,6 @@ LRESULT InfoWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_DPICHANGED:
       OnDpiChanged(*reinterpret_cast<const RECT*>(lParam));
       return 0;
-    case WM_SETCURSOR:
-      OnHover(reinterpret_cast<HWND>(wParam));
-      break;
     case WM_ACTIVATE:
       if (LOWORD(wParam) != WA_INACTIVE) SetFocus(text_);
       return 0;
@@ -220,11 +223,24 @@ LRESULT CALLBACK InfoWindow::Procedure(HWND window, UINT message, WPARAM wParam,
   return InProcedure([&] { return self->Handle(message, wParam, lParam); });
 }
 
-// The text only scrolls: Tab, Return and Escape belong to the window.
+// The text only scrolls: Tab, Return and Escape belong to the window. Neither control tells its
+// parent of a pointer over it in a way that every system does.
 LRESULT CALLBACK InfoWindow::TextProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                           UINT_PTR id, DWORD_PTR) {
+                                           UINT_PTR id, DWORD_PTR self) {
   if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
   if (message == WM_NCDESTROY) RemoveWindowSubclass(window, TextProcedure, id);
+  if (message == WM_MOUSEMOVE) {
+    ReportPointer(window, lParam, reinterpret_cast<const InfoWindow*>(self)->events.overText);
+  }
+  return DefSubclassProc(window, message, wParam, lParam);
+}
+
+LRESULT CALLBACK InfoWindow::OkProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                         UINT_PTR id, DWORD_PTR self) {
+  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, OkProcedure, id);
+  if (message == WM_MOUSEMOVE) {
+    ReportPointer(window, lParam, reinterpret_cast<const InfoWindow*>(self)->events.overOk);
+  }
   return DefSubclassProc(window, message, wParam, lParam);
 }
 

@@ -43,13 +43,14 @@ class InfoWindow : public InfoWindowView {
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   static LRESULT CALLBACK TextProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                         UINT_PTR id, DWORD_PTR self);
+  static LRESULT CALLBACK OkProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                      UINT_PTR id, DWORD_PTR self);
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
 
   void CreateControls();
   void SetFont();
   void LayOut();
   void OnDpiChanged(const RECT& suggested);
-  void OnHover(HWND control);
 
   HWND owner_;
   MessageLoop& loop_;

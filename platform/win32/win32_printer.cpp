@@ -42,6 +42,16 @@ PRINTDLGW DialogFor(HWND owner, DWORD flags) {
   return dialog;
 }
 
+// Why the call failed that was made after ForgetErrors. Not every driver tells.
+Problem PrinterProblem() {
+  const DWORD error = GetLastError();
+  return error != ERROR_SUCCESS ? ProblemOf(error) : Problem{u"The printer does not answer."};
+}
+
+void ForgetErrors() {
+  SetLastError(ERROR_SUCCESS);
+}
+
 }  // namespace
 
 int Win32Printer::InstalledPrinters() const {
@@ -107,8 +117,9 @@ Result<PageSize> Win32Printer::BeginJob(const std::u16string& name) {
   DOCINFOW job{};
   job.cbSize = sizeof job;
   job.lpszDocName = Wide(name);
+  ForgetErrors();
   if (StartDocW(context_.Get(), &job) > 0) return size;
-  const Problem problem = ProblemOf(GetLastError());
+  const Problem problem = PrinterProblem();
   context_.Reset();
   return problem;
 }
@@ -116,7 +127,8 @@ Result<PageSize> Win32Printer::BeginJob(const std::u16string& name) {
 Result<void> Win32Printer::PrintPage(const std::vector<std::u16string>& lines,
                                      const std::u16string& footer) {
   const HDC context = context_.Get();
-  if (StartPage(context) <= 0) return ProblemOf(GetLastError());
+  ForgetErrors();
+  if (StartPage(context) <= 0) return PrinterProblem();
   // A new page begins with the printer's own font.
   SelectObject(context, font_.Get());
   const auto print = [&](int row, const std::u16string& text) {
@@ -125,20 +137,20 @@ Result<void> Win32Printer::PrintPage(const std::vector<std::u16string>& lines,
   };
   int row = 0;
   for (const std::u16string& line : lines) {
-    if (!print(row, line)) return ProblemOf(GetLastError());
+    if (!print(row, line)) return PrinterProblem();
     ++row;
   }
-  if (!print(rows_ - 1, footer)) return ProblemOf(GetLastError());
-  if (EndPage(context) <= 0) return ProblemOf(GetLastError());
+  if (!print(rows_ - 1, footer)) return PrinterProblem();
+  if (EndPage(context) <= 0) return PrinterProblem();
   return {};
 }
 
 Result<void> Win32Printer::EndJob() {
-  const bool ended = EndDoc(context_.Get()) > 0;
-  const DWORD error = GetLastError();
+  ForgetErrors();
+  Result<void> ended;
+  if (EndDoc(context_.Get()) <= 0) ended = PrinterProblem();
   context_.Reset();
-  if (!ended) return ProblemOf(error);
-  return {};
+  return ended;
 }
 
 void Win32Printer::AbortJob() {

@@ -6,10 +6,12 @@
 #include "tests/fakes/fake_event_loop.h"
 #include "tests/fakes/fake_file_dialogs.h"
 #include "tests/fakes/fake_files.h"
+#include "tests/fakes/fake_help_system.h"
 #include "tests/fakes/fake_keyboard.h"
 #include "tests/fakes/fake_profile_files.h"
 #include "tests/fakes/fake_programs.h"
 #include "tests/fakes/fake_prompts.h"
+#include "tests/fakes/fake_system_info.h"
 
 namespace deck {
 namespace {
@@ -140,6 +142,15 @@ class FakeFileDialogsWorld : public FileDialogsWorld {
   FakeFileDialogs dialogs_;
 };
 
+class FakeHelpSystemWorld : public HelpSystemWorld {
+ public:
+  HelpSystem& Port() override { return help_; }
+  int HelpWindows() const override { return 0; }  // the stand-in only remembers
+
+ private:
+  FakeHelpSystem help_;
+};
+
 }  // namespace
 
 std::unique_ptr<CodePage> MakeWesternCodePage() {
@@ -168,6 +179,13 @@ std::unique_ptr<ClipboardWorld> MakeClipboardWorld() {
 }
 std::unique_ptr<FileDialogsWorld> MakeFileDialogsWorld() {
   return std::make_unique<FakeFileDialogsWorld>();
+}
+
+std::unique_ptr<HelpSystemWorld> MakeHelpSystemWorld() {
+  return std::make_unique<FakeHelpSystemWorld>();
+}
+std::unique_ptr<SystemInfo> MakeSystemInfo() {
+  return std::make_unique<FakeSystemInfo>();
 }
 
 }  // namespace deck

@@ -14,10 +14,12 @@
 #include "platform/event_loop.h"
 #include "platform/file_dialogs.h"
 #include "platform/files.h"
+#include "platform/help_system.h"
 #include "platform/keyboard.h"
 #include "platform/profile_files.h"
 #include "platform/programs.h"
 #include "platform/prompts.h"
+#include "platform/system_info.h"
 
 namespace deck {
 
@@ -129,5 +131,16 @@ class FileDialogsWorld {
   virtual void WillCancel() = 0;
 };
 std::unique_ptr<FileDialogsWorld> MakeFileDialogsWorld();
+
+class HelpSystemWorld {
+ public:
+  virtual ~HelpSystemWorld() = default;
+  virtual HelpSystem& Port() = 0;
+  // Of this process, shown or not.
+  virtual int HelpWindows() const = 0;
+};
+std::unique_ptr<HelpSystemWorld> MakeHelpSystemWorld();
+
+std::unique_ptr<SystemInfo> MakeSystemInfo();
 
 }  // namespace deck

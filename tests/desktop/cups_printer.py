@@ -113,6 +113,12 @@ class PdfPrinter:
             raise AssertionError(f"printed more than once: {found}")
         return Path(shutil.move(found[0], destination))
 
+    def take_all_printed(self, word, count, folder):
+        """Waits for so many files whose names contain the word and moves them into the folder."""
+        wait_for(lambda: len(list(self.output.glob(f"*{word}*.pdf"))) >= count and not self._jobs(),
+                 f"{count} times a printed {word}")
+        return [Path(shutil.move(file, folder)) for file in self.output.glob(f"*{word}*.pdf")]
+
     def stop(self):
         self._server.terminate()
         self._server.wait()

@@ -108,6 +108,18 @@ class WithAPrinter(PrintingTest):
         self.assertGreater(height, width)
 
 
+    def test_the_systems_printer_does_as_its_stand_in(self):
+        name = self.name("contract").removesuffix(".tmj")
+        os.environ["DECK_JOB_NAME"] = name
+        self.addCleanup(os.environ.pop, "DECK_JOB_NAME")
+        contract = self.start(harness.PROGRAMS / "printer_contract_real_test.exe",
+                              "--gtest_filter=PrinterInstalled.*")
+        self.assertEqual(0, contract.wait_end(), (self.directory / "output.log").read_text("utf-8"))
+        # What was dropped is not printed.
+        printed = self.printer.take_all_printed(name, 3, self.directory)
+        self.assertEqual([1, 1, 2], sorted(len(pages_of(file)) for file in printed))
+
+
 class WithoutAPrinter(PrintingTest):
     def setUp(self):
         if Path("/etc/printcap").exists():

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/printer.h"
@@ -23,12 +24,14 @@ class FakePrinter : public Printer {
 
   int InstalledPrinters() const override { return installed; }
   Result<PageSize> BeginJob(const std::u16string& name) override {
-    if (failsAtPage == 0) return Problem{u"The printer is off."};
+    if (failsAtPage == 0 || installed == 0) return Problem{u"The printer is off."};
     open = Job{name, {}};
+    inJob = true;
     return size;
   }
   Result<void> PrintPage(const std::vector<std::u16string>& lines,
                          const std::u16string& footer) override {
+    if (!inJob) return Problem{u"There is no job."};
     if (static_cast<int>(open.pages.size()) + 1 == failsAtPage) {
       return Problem{u"The printer is out of paper."};
     }
@@ -36,11 +39,15 @@ class FakePrinter : public Printer {
     return {};
   }
   Result<void> EndJob() override {
+    if (!std::exchange(inJob, false)) return Problem{u"There is no job."};
     if (failsAtEnd) return Problem{u"The queue is full."};
     finished.push_back(open);
     return {};
   }
-  void AbortJob() override { ++aborted; }
+  void AbortJob() override {
+    ++aborted;
+    inJob = false;
+  }
   void Setup() override { ++setups; }
   std::u16string ShortDate() const override { return date; }
 
@@ -51,6 +58,7 @@ class FakePrinter : public Printer {
   bool failsAtEnd = false;
   int setups = 0;
   int aborted = 0;
+  bool inJob = false;
   Job open;
   std::vector<Job> finished;
 };

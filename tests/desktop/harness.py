@@ -48,7 +48,8 @@ Child: a control
 
 Functions: wait_for(condition, what, seconds), press_keys(*keys), type_text(text), click(x, y),
 double_click, right_click, move, drag, screenshot(path), read_ini(path), windows_path(path),
-ini_value(path, section, key).
+ini_value(path, section, key), clipboard_text(), fill_clipboard(part, ...) with the parts that the
+probe takes.
 
 Positions are screen pixels. Every wait ends with the first look at which the condition holds and
 raises AssertionError, naming what it waited for, when its time is up.
@@ -258,6 +259,16 @@ def probe():
     made = Probe()
     atexit.register(made.stop)
     return made
+
+
+def clipboard_text():
+    """The text on the clipboard, or None when it holds none."""
+    return probe().ask("clipboard").get("text")
+
+
+def fill_clipboard(*parts):
+    """Puts one thing on the clipboard, in as many forms as there are parts."""
+    probe().ask("fill", *parts)
 
 
 class Child:

@@ -174,6 +174,25 @@ class Reporting(CompileTest):
         self.assertEqual([], editor.dialogs())
 
 
+class Beside(CompileTest):
+    def test_a_compile_minimises_quick_help_and_not_the_editor(self):
+        editor = self.start_editor(self.file)
+        editor.key("shift+F1")
+        editor.wait_window(title="Deck Quick Help")
+        editor.edit_box().click_character(0)
+        wait_for(lambda: editor.main.is_foreground(), "the editor to have the keys")
+        editor.key("F9")
+        self.wait_success(editor)
+        self.assertFalse(editor.main.minimised)
+        self.assertEqual([], [window for window in editor.windows()
+                              if window.title == "Deck Quick Help" and not window.minimised])
+        editor.type("x")
+        self.wait_text(editor, "x" + TEXT)
+        editor.key("shift+F1")
+        help_window = editor.wait_window(title="Deck Quick Help")
+        self.assertFalse(help_window.minimised)
+
+
 class Waiting(CompileTest):
     def wait_for_ever(self):
         self.control_compiler(NeverAnswer=1, Record="record.txt")

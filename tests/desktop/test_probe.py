@@ -108,6 +108,13 @@ class Probing(ProbeTarget):
         edit = self.window.child(id=EDIT)
         wait_for(lambda: probe().ask("focus")["focus"] == edit.handle, "the focus in the edit box")
 
+    def test_the_clipboard_is_filled_and_read(self):
+        harness.fill_clipboard("text=new", r"rtf={\rtf1{}old}")
+        self.assertEqual("new", harness.clipboard_text())
+        harness.fill_clipboard("picture")
+        self.assertIsNone(harness.clipboard_text())
+        self.assertFalse(probe().ask("clipboard")["empty"])
+
     def test_an_ended_window_is_an_error_and_not_an_empty_answer(self):
         handle = self.window.handle
         self.program.end()

@@ -4,7 +4,8 @@
 // fails answers {"error": "..."}. Started without arguments it reads a command from each line of
 // its input, which spares the start of a process for every look.
 //
-//   windows | focus
+//   windows | focus | clipboard
+//   fill <part>...   of the clipboard, without blanks: text=... rtf=... picture
 //   children | text | status | tabs | list | listview | combo | edit | toolbar | menu   <window>
 //   character <edit box> <position>
 #include <windows.h>
@@ -48,6 +49,10 @@ std::string Answer(const std::vector<std::string>& words) {
     ReadWindows(json);
   } else if (command == "focus") {
     ReadFocus(json);
+  } else if (command == "clipboard") {
+    ReadClipboard(json);
+  } else if (command == "fill") {
+    FillClipboard({words.begin() + 1, words.end()}, json);
   } else if (command == "menu") {
     return ReadMenuOf(WindowFrom(words));
   } else if (command == "character" && words.size() == 3) {

@@ -5,6 +5,9 @@
 
 #include <windows.h>
 
+#include <string>
+#include <vector>
+
 #include "tests/desktop/probe/json_writer.h"
 
 namespace deck::probe {
@@ -45,6 +48,13 @@ void ReadEdit(HWND edit, JsonWriter& json);
 
 // The screen position of the upper left corner of the character at `position` of a rich edit box.
 void ReadCharacterPoint(HWND edit, int position, JsonWriter& json);
+
+// What the clipboard holds: empty, and text where there is one.
+void ReadClipboard(JsonWriter& json);
+
+// Puts something else on the clipboard, in as many forms as there are parts: text=..., rtf=...,
+// picture. Answers an empty object.
+void FillClipboard(const std::vector<std::string>& parts, JsonWriter& json);
 
 // Toolbar buttons: id, separator, enabled, checked, hidden, rect.
 void ReadToolbar(HWND toolbar, JsonWriter& json);

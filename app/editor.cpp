@@ -48,7 +48,8 @@ Editor::Editor(const EditorPorts& ports)
       keyTest_(ports.keyTest, settings_,
                {ports.files, ports.profiles, ports.dialogs, ports.prompts, ports.events,
                 ports.keyboard, ports.clipboard, ports.codePage}),
-      find_(documents_, status_, ports.findDialog) {
+      find_(documents_, status_, ports.findDialog),
+      recovery_(documents_, {ports.files, ports.background, ports.events, ports.codePage}) {
   JoinFeatures();
   FillHandlers();
 }
@@ -121,6 +122,7 @@ bool Editor::Load(const std::u16string& applicationFolder, std::u16string_view c
   documents_.Select(0);
   ports_.window.PositionControls(macros_.FrameWidth());
   OpenStartupFile(commandLine);
+  BringBackUnsavedTexts(applicationFolder);
   return true;
 }
 
@@ -155,6 +157,25 @@ void Editor::OpenStartupFile(std::u16string_view commandLine) {
   if (FileExists(ports_.files, file)) files_.OpenPreviouslySavedFiles(file);
 }
 
+void Editor::BringBackUnsavedTexts(const std::u16string& applicationFolder) {
+  if (!recovery_.Start(applicationFolder + u"\\Recovery")) {
+    status_.Say(u"Settings and unsaved texts cannot be kept in " + applicationFolder);
+    return;
+  }
+  std::u16string captions;
+  for (const std::u16string& caption : recovery_.Restore()) {
+    captions += (captions.empty() ? u"" : u", ") + caption;
+  }
+  if (!captions.empty()) status_.Say(u"Unsaved text has come back: " + captions);
+}
+
+void Editor::KeepUnsavedTexts() {
+  recovery_.Update();
+  if (!recovery_.TakeFailure() || recoveryFailureTold_) return;
+  recoveryFailureTold_ = true;
+  status_.Hint(u"Unsaved text cannot be kept for the case of a crash");
+}
+
 bool Editor::QueryUnload() {
   const ScopeValue skip(documents_.SkipMacroRefresh, std::int16_t{1});
   for (int index = 0; index < documents_.Count(); ++index) {
@@ -182,6 +203,8 @@ void Editor::Unload() {
   quickHelp_.Close();
   keyTest_.Unload();
   if (!helpFile_.UseHlpFile) ports_.help.CloseAll();
+  // An end that asked nobody, as when Windows is in a hurry, throws nothing away.
+  if (closing_) recovery_.End();
 }
 
 // ---- Commands.
@@ -342,6 +365,9 @@ void Editor::OnTimer(TimerId timer) {
     case TimerId::kTimer1:
       documents_.CompilerBusy = 0;
       ports_.events.StopTimer(TimerId::kTimer1);
+      break;
+    case TimerId::kRecoveryTimer:
+      KeepUnsavedTexts();
       break;
   }
 }

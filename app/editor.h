@@ -21,6 +21,7 @@
 #include "documents/document_set.h"
 #include "documents/file_commands.h"
 #include "documents/print_command.h"
+#include "documents/recovery.h"
 #include "documents/status_bar.h"
 #include "find/find_and_replace.h"
 #include "find/find_dialog_view.h"
@@ -31,6 +32,7 @@
 #include "keytest/key_test_presenter.h"
 #include "keytest/key_test_view.h"
 #include "macros/macro_panel.h"
+#include "platform/background_work.h"
 #include "platform/clipboard.h"
 #include "platform/code_page.h"
 #include "platform/event_loop.h"
@@ -69,6 +71,7 @@ struct EditorPorts {
   Clipboard& clipboard;
   KeyTestView& keyTest;
   FindDialogView& findDialog;
+  BackgroundWork& background;
 };
 
 class Editor {
@@ -119,6 +122,8 @@ class Editor {
   bool HostIsThere(const std::u16string& applicationFolder);
   void RestorePosition();
   void OpenStartupFile(std::u16string_view commandLine);
+  void BringBackUnsavedTexts(const std::u16string& applicationFolder);
+  void KeepUnsavedTexts();
 
   void JoinFeatures();
   void JoinFileCommands();
@@ -157,9 +162,11 @@ class Editor {
   EditCommands edit_;
   KeyTestPresenter keyTest_;
   FindAndReplace find_;
+  Recovery recovery_;
   std::map<CommandId, std::function<void()>> handlers_;
 
   bool closing_ = false;
+  bool recoveryFailureTold_ = false;
 };
 
 }  // namespace deck

@@ -47,6 +47,12 @@ Document& DocumentSet::Add() {
   return Current();
 }
 
+int DocumentSet::TargetForLoading() {
+  const bool unused = Current().caption == kUntitled && GetCurrentTextBox().Length() == 0;
+  if (!unused) Add();
+  return current_;
+}
+
 void DocumentSet::Remove(int index) {
   view_.RemoveTab(index + 1);
   documents_.erase(documents_.begin() + index);
@@ -129,6 +135,7 @@ void DocumentSet::OnChanged(DocumentId id) {
   const int index = IndexOf(id);
   if (index < 0) return;
   (*this)[index].modifiedFlag = 1;
+  ++(*this)[index].revision;
   if (index == current_) status_.Set(kStatePanel, u"Modified");
 }
 

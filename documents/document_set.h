@@ -37,6 +37,7 @@ struct Document {
   std::int16_t modifiedFlag = 0;   // of `ModifiedFlags`: only 1 means modified
   std::u16string caption;          // the file's name, or "Untitled"
   FileImage file;
+  std::uint64_t revision = 0;  // counts the edits
 };
 
 inline constexpr std::u16string_view kUntitled = u"Untitled";
@@ -70,6 +71,9 @@ class DocumentSet {
 
   // Adds an untitled document behind the last one and makes it current, without messages.
   Document& Add();
+  // The index where a file's text goes: an untitled document without text that is current, or a new
+  // one at the end, which becomes current.
+  int TargetForLoading();
   // Takes the document and its tab away. The caller selects another; the last one must stay.
   void Remove(int index);
   // Puts a new untitled document in the place of this one; its tab stays.

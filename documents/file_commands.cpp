@@ -115,7 +115,7 @@ void FileCommands::Load(const std::u16string& path) {
   Result<DecodedText> decoded = DecodeFile(*bytes, ports_.codePage);
   if (!decoded) return CannotOpen(path, decoded.problem().reason);
 
-  const int index = TargetForLoading();
+  const int index = documents_.TargetForLoading();
   Document& document = documents_[index];
   const DocumentId id = document.id;
   document.text1->Load(decoded->text);
@@ -141,13 +141,6 @@ void FileCommands::Load(const std::u16string& path) {
   box.Select({0, 0});
   documents_.ShowCaretLine();
   box.Focus();
-}
-
-int FileCommands::TargetForLoading() {
-  const bool unused =
-      documents_.Current().caption == kUntitled && documents_.GetCurrentTextBox().Length() == 0;
-  if (!unused) documents_.Add();
-  return documents_.CurrentIndex();
 }
 
 void FileCommands::CannotOpen(const std::u16string& path, const std::u16string& reason) {

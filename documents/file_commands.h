@@ -62,7 +62,6 @@ class FileCommands {
   void OpenSelection(const std::u16string& selection);
   void Load(const std::u16string& path);
   void CannotOpen(const std::u16string& path, const std::u16string& reason);
-  int TargetForLoading();
   bool WriteCurrent();
   Result<void> Write(Document& document);
   Result<void> KeepNewerText(const Document& document, std::string_view bytesToWrite);

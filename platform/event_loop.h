@@ -3,7 +3,7 @@
 
 namespace deck {
 
-enum class TimerId { kDownloadTimer = 1, kStatusModeTimer = 2, kTimer1 = 3 };
+enum class TimerId { kDownloadTimer = 1, kStatusModeTimer = 2, kTimer1 = 3, kRecoveryTimer = 4 };
 
 class EventLoop {
  public:

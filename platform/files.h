@@ -2,9 +2,12 @@
 // text_encoding.h for text.
 #pragma once
 
+#include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/result.h"
 
@@ -13,6 +16,15 @@ namespace deck {
 struct FileAttributes {
   bool folder = false;
   bool readOnly = false;
+  // Differs whenever somebody has written the file since; the number itself means nothing. A second
+  // write of the same size within the clock's step may go unseen. 0 for folders.
+  std::uint64_t stamp = 0;
+};
+
+// A lock file is taken as long as this lives. The system gives it back when the process dies.
+class FileLock {
+ public:
+  virtual ~FileLock() = default;
 };
 
 class Files {
@@ -35,6 +47,13 @@ class Files {
   // Never overwrites.
   virtual bool Copy(const std::u16string& from, const std::u16string& to) = 0;
   virtual bool CreateFolder(const std::u16string& path) = 0;
+
+  // The names of the files in the folder, without folders and in no order. Empty when it cannot be
+  // read.
+  virtual std::vector<std::u16string> FilesIn(const std::u16string& folder) const = 0;
+  // Makes a lock file, which goes when the lock ends. Null while another one has it, of this
+  // process or any other, and where no file can be made.
+  virtual std::unique_ptr<FileLock> Lock(const std::u16string& path) = 0;
 
   // Absolute and without "." and ".." parts; a relative path starts at the current folder.
   virtual std::u16string Absolute(const std::u16string& path) const = 0;

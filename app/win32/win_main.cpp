@@ -13,6 +13,7 @@
 #include "find/win32/find_and_replace_window.h"
 #include "help/win32/info_window.h"
 #include "keytest/win32/key_test_form.h"
+#include "platform/background_thread.h"
 #include "platform/strings.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/wide_text.h"
@@ -141,6 +142,7 @@ int RunEditor() {
   loop.SetShortcuts(window.Handle(), window.Shortcuts());
   Win32CodePage codePage;
   Win32Files files;
+  BackgroundThread background;
   Win32ProfileFiles profiles(codePage);
   Win32FileDialogs dialogs(owner);
   Win32Prompts prompts(owner);
@@ -160,7 +162,7 @@ int RunEditor() {
 
   Editor editor({window, window.MacroPanel(), files, profiles, dialogs, prompts, programs,
                  eventLoop, keyboard, codePage, system, help, infoWindow, printer, clipboard,
-                 keyTest, findDialog});
+                 keyTest, findDialog, background});
   infoWindow.events = {
       .closeWanted = [&editor] { editor.InfoPages().Close(); },
       .overOk = [&editor] { editor.InfoPages().OnHoverOk(); },

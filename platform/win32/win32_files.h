@@ -20,6 +20,8 @@ class Win32Files : public Files {
   bool Delete(const std::u16string& path) override;
   bool Copy(const std::u16string& from, const std::u16string& to) override;
   bool CreateFolder(const std::u16string& path) override;
+  std::vector<std::u16string> FilesIn(const std::u16string& folder) const override;
+  std::unique_ptr<FileLock> Lock(const std::u16string& path) override;
   std::u16string Absolute(const std::u16string& path) const override;
   bool SetCurrentFolder(const std::u16string& path) override;
 };

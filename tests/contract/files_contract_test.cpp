@@ -1,4 +1,7 @@
+#include <algorithm>
+#include <memory>
 #include <string>
+#include <vector>
 
 #include <gtest/gtest.h>
 
@@ -244,6 +247,58 @@ TEST_F(FilesContract, LeavesAbsolutePathsAsTheyAre) {
        {u"C:\\", u"C:\\a.tmj", u"C:\\Some Folder\\a.b.tmj", u"\\\\server\\share\\a.tmj"})
     EXPECT_EQ(files_.Absolute(path), path);
   EXPECT_EQ(files_.Absolute(u"C:\\..\\..\\x\\.\\a.tmj"), u"C:\\x\\a.tmj");
+}
+
+TEST_F(FilesContract, ListsTheFilesOfAFolderAndNoFolders) {
+  MakeFile(u"b.txt", "x");
+  MakeFile(u"Übung 飛行.tmj", "");
+  ASSERT_TRUE(files_.CreateFolder(In(u"sub")));
+  ASSERT_TRUE(files_.Create(In(u"sub\\inner.txt"), "x"));
+  for (const std::u16string& folder : {world_->Folder(), world_->Folder() + u"\\"}) {
+    std::vector<std::u16string> names = files_.FilesIn(folder);
+    std::ranges::sort(names);
+    EXPECT_EQ(names, (std::vector<std::u16string>{u"b.txt", u"Übung 飛行.tmj"}));
+  }
+}
+
+TEST_F(FilesContract, ListsNothingOfWhatIsNoFolder) {
+  const std::u16string file = MakeFile(u"a.tmj", "x");
+  for (const std::u16string& path : {file, In(u"missing"), In(u"a*"), std::u16string()})
+    EXPECT_TRUE(files_.FilesIn(path).empty());
+}
+
+TEST_F(FilesContract, OneOnlyHasALockAtATime) {
+  std::unique_ptr<FileLock> lock = files_.Lock(In(u"1.lock"));
+  ASSERT_TRUE(lock);
+  EXPECT_FALSE(files_.Lock(In(u"1.LOCK")));
+  EXPECT_TRUE(files_.Lock(In(u"2.lock")));
+  lock.reset();
+  EXPECT_TRUE(files_.Lock(In(u"1.lock")));
+  EXPECT_EQ(world_->CountFiles(), 0) << "a lock that has ended leaves nothing behind";
+}
+
+TEST_F(FilesContract, LocksWithALockFileThatIsLeftOver) {
+  MakeFile(u"1.lock", "");
+  EXPECT_TRUE(files_.Lock(In(u"1.lock")));
+}
+
+TEST_F(FilesContract, LocksNothingWhereNoFileCanBeMade) {
+  ASSERT_TRUE(files_.CreateFolder(In(u"sub")));
+  for (const std::u16string& path :
+       {In(u"missing\\1.lock"), In(u"sub"), In(u"a*.lock"), std::u16string()}) {
+    EXPECT_FALSE(files_.Lock(path));
+  }
+}
+
+TEST_F(FilesContract, TheStampTellsThatAFileWasWritten) {
+  const std::u16string file = MakeFile(u"a.tmj", "x");
+  const auto stamp = [&] { return files_.Attributes(file)->stamp; };
+  const std::uint64_t first = stamp();
+  EXPECT_EQ(stamp(), first);
+  ASSERT_TRUE(files_.Read(file));
+  EXPECT_EQ(stamp(), first) << "reading is not writing";
+  ASSERT_TRUE(files_.Replace(file, "xy"));
+  EXPECT_NE(stamp(), first);
 }
 
 TEST_F(FilesContract, ChangesTheCurrentFolderOnlyToFolders) {

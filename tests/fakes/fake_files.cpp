@@ -70,7 +70,7 @@ FakeFiles::FakeFiles() {
 void FakeFiles::AddFile(const std::u16string& path, std::string_view bytes) {
   const std::u16string absolute = Absolute(path);
   AddFolder(ParentOf(absolute));
-  Add(absolute, false).bytes = bytes;
+  SetContent(Add(absolute, false), bytes);
 }
 
 void FakeFiles::AddFolder(const std::u16string& path) {
@@ -125,14 +125,14 @@ Result<std::string> FakeFiles::Read(const std::u16string& path) const {
 Result<void> FakeFiles::Replace(const std::u16string& path, std::string_view bytes) {
   if (const auto problem = WhyNotWritable(FileOperation::kReplace, path)) return *problem;
   Node* node = Find(path);
-  (node ? *node : Add(Absolute(path), false)).bytes = bytes;
+  SetContent(node ? *node : Add(Absolute(path), false), bytes);
   return {};
 }
 
 Result<void> FakeFiles::Create(const std::u16string& path, std::string_view bytes) {
   if (const auto problem = WhyNotWritable(FileOperation::kCreate, path)) return *problem;
   if (Find(path)) return Problem{kFileExists};
-  Add(Absolute(path), false).bytes = bytes;
+  SetContent(Add(Absolute(path), false), bytes);
   return {};
 }
 
@@ -164,6 +164,35 @@ bool FakeFiles::CreateFolder(const std::u16string& path) {
   if (!parent || !parent->attributes.folder || HasBadCharacter(absolute)) return false;
   Add(absolute, true);
   return true;
+}
+
+std::vector<std::u16string> FakeFiles::FilesIn(const std::u16string& folder) const {
+  std::vector<std::u16string> names;
+  const std::u16string key = KeyOf(Absolute(folder));
+  for (const auto& [path, node] : nodes_) {
+    if (!node.attributes.folder && KeyOf(ParentOf(path)) == key)
+      names.emplace_back(FileNameOf(node.path));
+  }
+  return names;
+}
+
+std::unique_ptr<FileLock> FakeFiles::Lock(const std::u16string& path) {
+  class Lock : public FileLock {
+   public:
+    Lock(std::shared_ptr<std::set<std::u16string>> locked, std::u16string key)
+        : locked_(std::move(locked)), key_(std::move(key)) {}
+    ~Lock() override { locked_->erase(key_); }
+    Lock(const Lock&) = delete;
+    Lock& operator=(const Lock&) = delete;
+
+   private:
+    std::shared_ptr<std::set<std::u16string>> locked_;
+    std::u16string key_;
+  };
+  if (WhyNotWritable(FileOperation::kLock, path)) return nullptr;
+  const std::u16string key = KeyOf(Absolute(path));
+  if (!locked_->insert(key).second) return nullptr;
+  return std::make_unique<Lock>(locked_, key);
 }
 
 std::u16string FakeFiles::Absolute(const std::u16string& path) const {
@@ -215,6 +244,11 @@ FakeFiles::Node& FakeFiles::Add(const std::u16string& path, bool folder) {
   Node& node = nodes_[KeyOf(path)];
   node = Node{WithoutEndingSeparator(path), {.folder = folder}, {}};
   return node;
+}
+
+void FakeFiles::SetContent(Node& node, std::string_view bytes) {
+  node.bytes = bytes;
+  node.attributes.stamp = ++lastStamp_;
 }
 
 std::optional<Problem> FakeFiles::WhyNotWritable(FileOperation operation,

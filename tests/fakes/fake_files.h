@@ -2,6 +2,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <set>
 #include <string>
@@ -13,7 +14,7 @@
 
 namespace deck {
 
-enum class FileOperation { kRead, kReplace, kCreate, kDelete, kCopy, kCreateFolder };
+enum class FileOperation { kRead, kReplace, kCreate, kDelete, kCopy, kCreateFolder, kLock };
 
 class FakeFiles : public Files {
  public:
@@ -43,6 +44,8 @@ class FakeFiles : public Files {
   bool Delete(const std::u16string& path) override;
   bool Copy(const std::u16string& from, const std::u16string& to) override;
   bool CreateFolder(const std::u16string& path) override;
+  std::vector<std::u16string> FilesIn(const std::u16string& folder) const override;
+  std::unique_ptr<FileLock> Lock(const std::u16string& path) override;
   std::u16string Absolute(const std::u16string& path) const override;
   bool SetCurrentFolder(const std::u16string& path) override;
 
@@ -56,12 +59,16 @@ class FakeFiles : public Files {
   const Node* Find(const std::u16string& path) const;
   Node* Find(const std::u16string& path);
   Node& Add(const std::u16string& path, bool folder);
+  void SetContent(Node& node, std::string_view bytes);
   // Nothing when a file may be written there, new or over the old one.
   std::optional<Problem> WhyNotWritable(FileOperation operation, const std::u16string& path) const;
   std::optional<Problem> Injected(FileOperation operation, const std::u16string& path) const;
 
   std::map<std::u16string, Node> nodes_;  // by KeyOf the path
   std::map<std::pair<FileOperation, std::u16string>, std::u16string> failures_;
+  // Outlives this object, as locks may.
+  std::shared_ptr<std::set<std::u16string>> locked_ = std::make_shared<std::set<std::u16string>>();
+  std::uint64_t lastStamp_ = 0;
   std::u16string currentFolder_ = u"C:\\";
 };
 

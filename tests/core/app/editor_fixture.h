@@ -9,6 +9,7 @@
 
 #include "app/editor.h"
 #include "platform/strings.h"
+#include "tests/fakes/fake_background_work.h"
 #include "tests/fakes/fake_clipboard.h"
 #include "tests/fakes/fake_code_page.h"
 #include "tests/fakes/fake_edit_box.h"
@@ -97,9 +98,10 @@ class EditorFixture : public testing::Test {
   FakeClipboard clipboard;
   FakeKeyTestView keyTest;
   FakeFindDialogView findDialog{prompts};
-  EditorPorts ports{view,       panel,   files,     profiles, dialogs,   prompts,
-                    programs,   events,  keyboard,  codePage, system,    help,
-                    infoWindow, printer, clipboard, keyTest,  findDialog};
+  FakeBackgroundWork background;
+  EditorPorts ports{view,       panel,   files,     profiles, dialogs,    prompts,
+                    programs,   events,  keyboard,  codePage, system,     help,
+                    infoWindow, printer, clipboard, keyTest,  findDialog, background};
   Editor editor{ports};
 };
 

@@ -134,7 +134,7 @@ TEST_F(StartTest, IgnoresACommandLineThatNamesNoFile) {
     otherView.makeEditBox = view.makeEditBox;
     Editor other{{otherView, panel, files, profiles, dialogs, prompts, programs, events, keyboard,
                   codePage, system, help, infoWindow, printer, clipboard, otherKeyTest,
-                  otherFindDialog}};
+                  otherFindDialog, background}};
     ASSERT_TRUE(other.Load(kHostFolder, line));
     EXPECT_EQ(otherView.Captions(), Captions{u"Untitled"});
   }

@@ -37,7 +37,8 @@ bool Recovery::Start(const std::u16string& folder) {
   for (const std::u16string& fileName : ports_.files.FilesIn(folder)) {
     if (const auto name = ParseRecoveryName(fileName)) left_.push_back(*name);
   }
-  std::ranges::sort(left_);
+  std::ranges::sort(left_, {},
+                    [](const RecoveryName& name) { return std::pair(name.session, name.number); });
   std::erase_if(left_, [this](const RecoveryName& name) { return !Hold(name.session); });
   for (int session = 1; sessions_.empty() && session <= kMostSessions; ++session) Hold(session);
   if (sessions_.empty()) return false;

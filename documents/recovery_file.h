@@ -35,7 +35,7 @@ struct RecoveryName {
   int session = 0;  // from 1
   int number = 0;   // from 1
 
-  friend auto operator<=>(const RecoveryName&, const RecoveryName&) = default;
+  friend bool operator==(const RecoveryName&, const RecoveryName&) = default;
 };
 
 std::u16string FileNameFor(RecoveryName name);

@@ -170,6 +170,9 @@ int RunEditor() {
   };
   const Connection connection(window, editor);
   if (!editor.Load(ApplicationFolder(), FromWide(GetCommandLineW()))) return 1;
+  // After an update or a crash Windows starts the program again, and unsaved texts come back. Where
+  // it cannot, the user starts it.
+  static_cast<void>(RegisterApplicationRestart(L"", 0));
   window.Show();
   return loop.Run();
 }

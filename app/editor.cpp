@@ -49,7 +49,8 @@ Editor::Editor(const EditorPorts& ports)
                {ports.files, ports.profiles, ports.dialogs, ports.prompts, ports.events,
                 ports.keyboard, ports.clipboard, ports.codePage}),
       find_(documents_, status_, ports.findDialog),
-      recovery_(documents_, {ports.files, ports.background, ports.events, ports.codePage}) {
+      recovery_(documents_, {ports.files, ports.background, ports.events, ports.codePage}),
+      diskChanges_(documents_, status_, ports.files, ports.codePage) {
   JoinFeatures();
   FillHandlers();
 }
@@ -378,6 +379,8 @@ void Editor::OnMinimised() {
 
 void Editor::OnLookedAt(bool lookedAt) {
   runAndReport_.Work().OnLookedAt(lookedAt);
+  // A wait for the compiler needs its text and its message as they are.
+  if (lookedAt && IsLoaded() && !wait_.IsInCommand()) diskChanges_.Look();
 }
 
 void Editor::OnFocus() {

@@ -18,6 +18,7 @@
 #include "compiler/run_and_report.h"
 #include "compiler/run_and_wait.h"
 #include "compiler/run_apps.h"
+#include "documents/disk_changes.h"
 #include "documents/document_set.h"
 #include "documents/file_commands.h"
 #include "documents/print_command.h"
@@ -163,6 +164,7 @@ class Editor {
   KeyTestPresenter keyTest_;
   FindAndReplace find_;
   Recovery recovery_;
+  DiskChanges diskChanges_;
   std::map<CommandId, std::function<void()>> handlers_;
 
   bool closing_ = false;

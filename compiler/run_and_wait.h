@@ -72,6 +72,8 @@ class RunAndWait {
   std::int32_t WaitElapsed() const { return state_.elapsed; }
   std::int16_t WaitOutcome() const { return static_cast<std::int16_t>(state_.outcome); }
 
+  // A command waits, or tells what came of it.
+  bool IsInCommand() const { return commands_ > 0; }
   bool Closing() const { return closing && closing(); }
   // The number of the newest run, from 1.
   std::uint64_t NewestRun() const { return newestRun_; }

@@ -8,6 +8,25 @@
 
 namespace deck {
 
+Result<FileContent> ReadFileContent(const Files& files, const CodePage& codePage,
+                                    const std::u16string& path) {
+  // The stamp first: what is written from now on counts as a change.
+  const auto attributes = files.Attributes(path);
+  Result<std::string> bytes = files.Read(path);
+  if (!bytes) return bytes.problem();
+  Result<DecodedText> decoded = DecodeFile(*bytes, codePage);
+  if (!decoded) return decoded.problem();
+  return FileContent{std::move(*bytes), std::move(*decoded), attributes ? attributes->stamp : 0};
+}
+
+void ShowFileContent(Document& document, FileContent content) {
+  document.text1->Load(content.decoded.text);
+  // The control may hold some characters differently; what counts as unedited is what it holds.
+  document.file = {std::move(content.bytes), document.text1->Text(), content.decoded.format,
+                   content.stamp};
+  document.modifiedFlag = 0;
+}
+
 DocumentSet::DocumentSet(MainWindowView& view, StatusBar& status, Keyboard& keyboard,
                          const Settings& settings)
     : view_(view), status_(status), keyboard_(keyboard), settings_(settings) {}

@@ -12,9 +12,12 @@
 #include <vector>
 
 #include "documents/status_bar.h"
+#include "platform/code_page.h"
 #include "platform/edit_box.h"
+#include "platform/files.h"
 #include "platform/keyboard.h"
 #include "platform/main_window_view.h"
+#include "platform/result.h"
 #include "platform/settings.h"
 #include "platform/text_encoding.h"
 
@@ -25,6 +28,7 @@ struct FileImage {
   std::string bytes;
   std::u16string text;  // of the box, right after `bytes` were loaded or written
   FileFormat format;
+  std::uint64_t stamp = 0;  // of FileAttributes, when `bytes` or newer ones were on the disk
 };
 
 // Names one document for its whole life, also while tabs move. Never used twice.
@@ -39,6 +43,17 @@ struct Document {
   FileImage file;
   std::uint64_t revision = 0;  // counts the edits
 };
+
+// The bytes of a file and what they say, or why there is nothing to show.
+struct FileContent {
+  std::string bytes;
+  DecodedText decoded;
+  std::uint64_t stamp = 0;
+};
+Result<FileContent> ReadFileContent(const Files& files, const CodePage& codePage,
+                                    const std::u16string& path);
+// Puts the file's text into the box; the document is unmodified afterwards.
+void ShowFileContent(Document& document, FileContent content);
 
 inline constexpr std::u16string_view kUntitled = u"Untitled";
 

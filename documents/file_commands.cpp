@@ -110,18 +110,12 @@ bool FileCommands::OpenAgain(const std::u16string& path) {
 void FileCommands::Load(const std::u16string& path) {
   status_.Say(std::u16string(kOpening));
   // Everything that can fail comes before anything is touched.
-  Result<std::string> bytes = ports_.files.Read(path);
-  if (!bytes) return CannotOpen(path, bytes.problem().reason);
-  Result<DecodedText> decoded = DecodeFile(*bytes, ports_.codePage);
-  if (!decoded) return CannotOpen(path, decoded.problem().reason);
+  Result<FileContent> content = ReadFileContent(ports_.files, ports_.codePage, path);
+  if (!content) return CannotOpen(path, content.problem().reason);
 
   const int index = documents_.TargetForLoading();
-  Document& document = documents_[index];
-  const DocumentId id = document.id;
-  document.text1->Load(decoded->text);
-  // The control may hold some characters differently; what counts as unedited is what it holds.
-  document.file = {std::move(*bytes), document.text1->Text(), decoded->format};
-  document.modifiedFlag = 0;
+  const DocumentId id = documents_[index].id;
+  ShowFileContent(documents_[index], std::move(*content));
   documents_.Rename(index, path);
 
   const ScopeValue skip(documents_.SkipMacroRefresh, std::int16_t{1});
@@ -193,7 +187,8 @@ Result<void> FileCommands::Write(Document& document) {
       text == document.file.text ? document.file.bytes : EncodeFile(text, format, ports_.codePage);
   if (Result<void> kept = KeepNewerText(document, bytes); !kept) return kept;
   if (Result<void> written = ports_.files.Replace(document.path, bytes); !written) return written;
-  document.file = {std::move(bytes), std::move(text), format};
+  const auto attributes = ports_.files.Attributes(document.path);
+  document.file = {std::move(bytes), std::move(text), format, attributes ? attributes->stamp : 0};
   return {};
 }
 

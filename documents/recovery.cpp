@@ -100,14 +100,13 @@ bool Recovery::TakeOver(const RecoveryName& name) {
 FileImage Recovery::ImageOf(const RecoveryText& recovered) const {
   FileImage image;
   image.format = recovered.format;
-  Result<std::string> onDisk = ports_.files.Read(recovered.path);
+  Result<FileContent> onDisk = ReadFileContent(ports_.files, ports_.codePage, recovered.path);
   if (!onDisk) return image;
-  Result<DecodedText> decoded = DecodeFile(*onDisk, ports_.codePage);
-  if (!decoded) return image;
-  const bool isTheOldOne = FingerprintOf(*onDisk) == recovered.fingerprint;
-  if (isTheOldOne || decoded->text == recovered.text) {
-    image.bytes = std::move(*onDisk);
-    image.text = std::move(decoded->text);
+  image.stamp = onDisk->stamp;
+  if (FingerprintOf(onDisk->bytes) == recovered.fingerprint ||
+      onDisk->decoded.text == recovered.text) {
+    image.bytes = std::move(onDisk->bytes);
+    image.text = std::move(onDisk->decoded.text);
   }
   return image;
 }

@@ -23,9 +23,10 @@ inline std::u16string MacroFileText(int lines) {
   return text;
 }
 
-// A joystick file of that many lines; its macro file is named in the first one.
-inline std::u16string JoystickFileText(int lines) {
-  std::u16string text = u"USE MDEF campaign\n";
+// A joystick file of that many lines; its macro file is named in the first one, by its name without
+// an extension.
+inline std::u16string JoystickFileText(int lines, const std::u16string& macroFile = u"campaign") {
+  std::u16string text = u"USE MDEF " + macroFile + u"\n";
   for (int line = 1; line < lines; ++line) {
     text += u"BTN S" + Decimal(line % 4 + 1) + u" /I MACRO_" + Decimal(line) + u" /O MACRO_" +
             Decimal(line + 1) + u" rem what this button does\n";

@@ -5,13 +5,12 @@
 #include <ole2.h>
 #include <richedit.h>
 
-#include <algorithm>
 #include <cstdio>
-#include <functional>
 #include <string>
 #include <vector>
 
 #include "documents/win32/rich_edit_box.h"
+#include "tests/bench/costs.h"
 
 namespace deck {
 namespace {
@@ -19,30 +18,6 @@ namespace {
 constexpr int kRounds = 5;
 constexpr wchar_t kWindowClass[] = L"WrenDeckEditBoxBench";
 constexpr RECT kPlace{0, 0, 900, 600};
-
-double Milliseconds() {
-  LARGE_INTEGER now{};
-  LARGE_INTEGER frequency{};
-  QueryPerformanceCounter(&now);
-  QueryPerformanceFrequency(&frequency);
-  return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-double CostOf(const std::function<void()>& action) {
-  const double start = Milliseconds();
-  action();
-  return Milliseconds() - start;
-}
-
-// The machine may be busy with something else in any one round, but not in all.
-class Cost {
- public:
-  void Add(double milliseconds) { least_ = std::min(least_, milliseconds); }
-  double least() const { return least_; }
-
- private:
-  double least_ = 1e9;
-};
 
 void Pump() {
   MSG message{};
@@ -69,7 +44,7 @@ std::vector<int> LineStarts(const std::u16string& text) {
 }
 
 struct Row {
-  Cost bare, load, apply, undo, steps, undoStep, replaceAll, text, lineOf, type;
+  Costs bare, load, apply, undo, steps, undoStep, replaceAll, text, lineOf, type;
 };
 
 Row Measure(HWND window, EditBoxSettings& settings, int lines) {
@@ -121,10 +96,10 @@ Row Measure(HWND window, EditBoxSettings& settings, int lines) {
 }
 
 void Print(int lines, const Row& row) {
-  const double bare = row.bare.least();
+  const double bare = row.bare.Least();
   const struct {
     const char* name;
-    const Cost& cost;
+    const Costs& cost;
   } cells[] = {
       {"bare control: create, fill, show", row.bare},
       {"Load over another text", row.load},
@@ -139,8 +114,8 @@ void Print(int lines, const Row& row) {
   };
   std::printf("%d lines\n", lines);
   for (const auto& cell : cells) {
-    std::printf("  %-40s %9.2f ms  %5.2f x bare\n", cell.name, cell.cost.least(),
-                cell.cost.least() / bare);
+    std::printf("  %-40s %9.2f ms  %5.2f x bare\n", cell.name, cell.cost.Least(),
+                cell.cost.Least() / bare);
   }
   std::fflush(stdout);
 }

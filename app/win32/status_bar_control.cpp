@@ -11,7 +11,7 @@
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/pointer_motion.h"
-#include "platform/win32/procedure_border.h"
+#include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
@@ -36,7 +36,7 @@ StatusBarControl::StatusBarControl(HWND parent, std::function<void()> hovered)
           GetModuleHandleW(nullptr), nullptr)),
       hovered_(std::move(hovered)),
       tips_(window_) {
-  SetWindowSubclass(window_, Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&StatusBarControl::OnMessage>(window_, this);
 }
 
 void StatusBarControl::SetFont(HFONT font, int dpi) {
@@ -109,17 +109,10 @@ void StatusBarControl::ShowToolTips() {
   }
 }
 
-LRESULT CALLBACK StatusBarControl::Procedure(HWND window, UINT message, WPARAM wParam,
-                                             LPARAM lParam, UINT_PTR id, DWORD_PTR self) {
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Procedure, id);
-  if (message == WM_MOUSEMOVE && HasPointerMoved(window, lParam)) {
-    InProcedure([&] {
-      const auto& hovered = reinterpret_cast<StatusBarControl*>(self)->hovered_;
-      if (hovered) hovered();
-      return LRESULT{0};
-    });
-  }
-  return DefSubclassProc(window, message, wParam, lParam);
+LRESULT StatusBarControl::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  tips_.Relay(message, wParam, lParam);
+  if (message == WM_MOUSEMOVE && HasPointerMoved(window, lParam) && hovered_) hovered_();
+  return CallSubclassed(window, message, wParam, lParam);
 }
 
 }  // namespace deck

@@ -31,8 +31,7 @@ class StatusBarControl {
   int Height() const;
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                    UINT_PTR id, DWORD_PTR self);
+  LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   // Width that each panel wants.
   std::array<int, kStatusPanels> Wanted() const;
   void ArrangePanels();

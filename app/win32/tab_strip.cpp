@@ -10,7 +10,7 @@
 #include "platform/strings.h"
 #include "platform/twips.h"
 #include "platform/win32/pointer_motion.h"
-#include "platform/win32/procedure_border.h"
+#include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
@@ -36,7 +36,7 @@ TabStrip::TabStrip(HWND parent, Events events)
           GetModuleHandleW(nullptr), nullptr)),
       events_(std::move(events)),
       tips_(window_) {
-  SetWindowSubclass(window_, Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&TabStrip::OnMessage>(window_, this);
 }
 
 void TabStrip::SetFont(HFONT font, int dpi) {
@@ -107,7 +107,7 @@ void TabStrip::ShowToolTipOf(int position) {
   tips_.Set(0, tab, text);
 }
 
-LRESULT TabStrip::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT TabStrip::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_MOUSEMOVE:
       ShowToolTipOf(PositionAt(lParam));
@@ -128,17 +128,8 @@ LRESULT TabStrip::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
     default:
       break;
   }
-  return DefSubclassProc(window_, message, wParam, lParam);
-}
-
-LRESULT CALLBACK TabStrip::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                     UINT_PTR id, DWORD_PTR self) {
-  if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(window, Procedure, id);
-    return DefSubclassProc(window, message, wParam, lParam);
-  }
-  return InProcedure(
-      [&] { return reinterpret_cast<TabStrip*>(self)->Handle(message, wParam, lParam); });
+  tips_.Relay(message, wParam, lParam);
+  return CallSubclassed(window, message, wParam, lParam);
 }
 
 }  // namespace deck

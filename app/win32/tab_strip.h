@@ -37,9 +37,7 @@ class TabStrip {
   bool OnNotify(NMHDR& header);
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                    UINT_PTR id, DWORD_PTR self);
-  LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   int PositionAt(LPARAM point) const;
   void ShowToolTipOf(int position);
 

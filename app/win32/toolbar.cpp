@@ -9,7 +9,7 @@
 #include "platform/control_ids.h"
 #include "platform/twips.h"
 #include "platform/win32/pointer_motion.h"
-#include "platform/win32/procedure_border.h"
+#include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
@@ -44,7 +44,7 @@ Toolbar::Toolbar(HWND parent, std::function<void(CommandId)> hovered)
           0, 0, 0, 0, parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(ControlId::kToolbar1)),
           GetModuleHandleW(nullptr), nullptr)),
       hovered_(std::move(hovered)) {
-  SetWindowSubclass(window_, Procedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&Toolbar::OnMessage>(window_, this);
   SendMessageW(window_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
   AddButtons();
 }
@@ -116,16 +116,9 @@ void Toolbar::OnMouseMove(LPARAM point) const {
   if (const CommandRow* row = ButtonAt(index + 1); row != nullptr && hovered_) hovered_(row->id);
 }
 
-LRESULT CALLBACK Toolbar::Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                    UINT_PTR id, DWORD_PTR self) {
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, Procedure, id);
-  if (message == WM_MOUSEMOVE && HasPointerMoved(window, lParam)) {
-    InProcedure([&] {
-      reinterpret_cast<const Toolbar*>(self)->OnMouseMove(lParam);
-      return LRESULT{0};
-    });
-  }
-  return DefSubclassProc(window, message, wParam, lParam);
+LRESULT Toolbar::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_MOUSEMOVE && HasPointerMoved(window, lParam)) OnMouseMove(lParam);
+  return CallSubclassed(window, message, wParam, lParam);
 }
 
 }  // namespace deck

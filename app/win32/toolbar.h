@@ -35,8 +35,7 @@ class Toolbar {
   bool OnNotify(NMHDR& header) const;
 
  private:
-  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                    UINT_PTR id, DWORD_PTR self);
+  LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
   void AddButtons();
   void OnMouseMove(LPARAM point) const;
 

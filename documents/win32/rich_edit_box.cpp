@@ -10,6 +10,7 @@
 
 #include "platform/scope_value.h"
 #include "platform/text_edits.h"
+#include "platform/win32/subclass.h"
 
 namespace deck {
 namespace {
@@ -54,7 +55,7 @@ RichEditBox::RichEditBox(EditBoxSettings& settings, HWND parent, int controlId, 
   receiver.text = [this](POINT where, const std::u16string& text) { OnDroppedText(where, text); };
   receiver.files = settings.filesDropped;
   dropTarget_ = new EditDropTarget(std::move(receiver));
-  SetWindowSubclass(parent_, ParentProcedure, kSubclassId, 0);
+  SubclassWith(ParentProcedure, parent_, nullptr);
   Attach(CreateRichEdit(parent_, controlId_, RECT{}, font_.Get()));
   settings_.boxes.push_back(this);
 }
@@ -198,7 +199,7 @@ void RichEditBox::RefreshFont() {
 void RichEditBox::Attach(HWND control) {
   control_ = control;
   if (control == nullptr) return;
-  SetWindowSubclass(control, ControlProcedure, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&RichEditBox::OnAnyControlMessage>(control, this);
   SetPropW(control, kBoxProperty, this);
   // Some systems' control registers a target of its own, which would take formatted text.
   RevokeDragDrop(control);

@@ -81,12 +81,10 @@ class RichEditBox final : public EditBox {
   void SetDpi(int dpi);
 
  private:
-  static constexpr UINT_PTR kSubclassId = 1;
   static constexpr wchar_t kBoxProperty[] = L"WrenDeckEditBox";  // of a control: its box
-  static LRESULT CALLBACK ControlProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                           UINT_PTR id, DWORD_PTR self);
-  static LRESULT CALLBACK ParentProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                          UINT_PTR id, DWORD_PTR data);
+  LRESULT OnAnyControlMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  static LRESULT ParentProcedure(void* unused, HWND window, UINT message, WPARAM wParam,
+                                 LPARAM lParam);
 
   void Attach(HWND control);
   void Rebuild();

@@ -14,7 +14,7 @@
 #include "documents/win32/edit_context_menu.h"
 #include "platform/text_edits.h"
 #include "platform/win32/pointer_motion.h"
-#include "platform/win32/procedure_border.h"
+#include "platform/win32/subclass.h"
 
 namespace deck {
 namespace {
@@ -53,33 +53,26 @@ EditKeyAction ActionOf(EditMenuCommand command) {
 
 }  // namespace
 
-LRESULT CALLBACK RichEditBox::ControlProcedure(HWND window, UINT message, WPARAM wParam,
-                                               LPARAM lParam, UINT_PTR, DWORD_PTR self) {
-  return InProcedure([&]() -> LRESULT {
-    RichEditBox& box = *reinterpret_cast<RichEditBox*>(self);
-    if (message == WM_DESTROY) RevokeDragDrop(window);
-    if (message == WM_NCDESTROY) {
-      RemoveWindowSubclass(window, ControlProcedure, kSubclassId);
-      RemovePropW(window, kBoxProperty);
-      if (window == box.control_) box.control_ = nullptr;
-    }
-    // While one control follows the other, the old one gets messages too.
-    if (window != box.control_) return DefSubclassProc(window, message, wParam, lParam);
-    return box.OnMessage(message, wParam, lParam);
-  });
+// While one control follows the other, the old one gets messages too.
+LRESULT RichEditBox::OnAnyControlMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  const bool isCurrent = window == control_;
+  if (message == WM_DESTROY) RevokeDragDrop(window);
+  if (message == WM_NCDESTROY) {
+    RemovePropW(window, kBoxProperty);
+    if (isCurrent) control_ = nullptr;
+  }
+  return isCurrent ? OnMessage(message, wParam, lParam)
+                   : CallSubclassed(window, message, wParam, lParam);
 }
 
 // The control tells its parent of changes. One procedure serves all boxes of the window.
-LRESULT CALLBACK RichEditBox::ParentProcedure(HWND window, UINT message, WPARAM wParam,
-                                              LPARAM lParam, UINT_PTR, DWORD_PTR) {
-  return InProcedure([&]() -> LRESULT {
-    if (message == WM_NCDESTROY) RemoveWindowSubclass(window, ParentProcedure, kSubclassId);
-    if (message == WM_COMMAND && HIWORD(wParam) == EN_CHANGE) {
-      const HANDLE box = GetPropW(reinterpret_cast<HWND>(lParam), kBoxProperty);
-      if (box != nullptr) return static_cast<RichEditBox*>(box)->OnControlChanged();
-    }
-    return DefSubclassProc(window, message, wParam, lParam);
-  });
+LRESULT RichEditBox::ParentProcedure(void*, HWND window, UINT message, WPARAM wParam,
+                                     LPARAM lParam) {
+  if (message == WM_COMMAND && HIWORD(wParam) == EN_CHANGE) {
+    const HANDLE box = GetPropW(reinterpret_cast<HWND>(lParam), kBoxProperty);
+    if (box != nullptr) return static_cast<RichEditBox*>(box)->OnControlChanged();
+  }
+  return CallSubclassed(window, message, wParam, lParam);
 }
 
 LRESULT RichEditBox::OnControlChanged() {
@@ -116,7 +109,7 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_LBUTTONUP:
     case WM_MBUTTONUP: {
-      const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+      const LRESULT result = CallSubclassed(window, message, wParam, lParam);
       Raise(events_.keyOrMouseDone);
       return result;
     }
@@ -147,14 +140,14 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (IsDown(VK_CONTROL)) return 0;
       break;
     case WM_SETFOCUS: {
-      const LRESULT result = DefSubclassProc(window, message, wParam, lParam);
+      const LRESULT result = CallSubclassed(window, message, wParam, lParam);
       if (!rebuilding_) Raise(events_.entered);
       return result;
     }
     default:
       break;
   }
-  return DefSubclassProc(window, message, wParam, lParam);
+  return CallSubclassed(window, message, wParam, lParam);
 }
 
 // Messages by which another program or a part of the system edits, clipboard and undo included.

@@ -14,6 +14,7 @@
 #include "platform/win32/owned_window.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
+#include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
@@ -132,7 +133,7 @@ void FindAndReplaceWindow::CreateParts() {
     item.pszText = MutableWide(title);
     SendMessageW(tabs, TCM_INSERTITEMW, static_cast<WPARAM>(page), reinterpret_cast<LPARAM>(&item));
   }
-  SetWindowSubclass(tabs, TabsProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&FindAndReplaceWindow::OnTabsMessage>(tabs, this);
   SetFont();
   SizeToContents();
   LayOut();
@@ -430,16 +431,10 @@ INT_PTR CALLBACK FindAndReplaceWindow::Procedure(HWND window, UINT message, WPAR
   return InProcedure([&] { return self->Handle(message, wParam, lParam); });
 }
 
-LRESULT CALLBACK FindAndReplaceWindow::TabsProcedure(HWND window, UINT message, WPARAM wParam,
-                                                     LPARAM lParam, UINT_PTR id, DWORD_PTR self) {
-  if (message == WM_MOUSEMOVE) {
-    InProcedure([&] {
-      reinterpret_cast<FindAndReplaceWindow*>(self)->OnPointerMoved(window, lParam);
-      return 0;
-    });
-  }
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, TabsProcedure, id);
-  return DefSubclassProc(window, message, wParam, lParam);
+LRESULT FindAndReplaceWindow::OnTabsMessage(HWND window, UINT message, WPARAM wParam,
+                                            LPARAM lParam) {
+  if (message == WM_MOUSEMOVE) OnPointerMoved(window, lParam);
+  return CallSubclassed(window, message, wParam, lParam);
 }
 
 }  // namespace deck

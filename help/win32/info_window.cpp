@@ -16,6 +16,7 @@
 #include "platform/win32/owned_window.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
+#include "platform/win32/subclass.h"
 
 namespace deck {
 namespace {
@@ -63,11 +64,7 @@ Rectangle WorkAreaNear(const RECT& place) {
 
 // `point` as WM_MOUSEMOVE of the control tells it.
 void ReportPointer(HWND control, LPARAM point, const std::function<void()>& over) {
-  if (!HasPointerMoved(control, point) || !over) return;
-  InProcedure([&over] {
-    over();
-    return LRESULT{0};
-  });
+  if (HasPointerMoved(control, point) && over) over();
 }
 
 }  // namespace
@@ -137,10 +134,10 @@ void InfoWindow::Unload() {
 void InfoWindow::CreateControls() {
   text_ = CreateControl(MSFTEDIT_CLASS, L"", WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_NOHIDESEL,
                         window_, ControlId::kInfoText);
-  SetWindowSubclass(text_, TextProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&InfoWindow::OnTextMessage>(text_, this);
   SendMessageW(text_, EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
   ok_ = CreateControl(WC_BUTTONW, L"OK", BS_DEFPUSHBUTTON, window_, ControlId::kInfoCommand1);
-  SetWindowSubclass(ok_, OkProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&InfoWindow::OnOkMessage>(ok_, this);
   SetFont();
 }
 
@@ -225,23 +222,15 @@ LRESULT CALLBACK InfoWindow::Procedure(HWND window, UINT message, WPARAM wParam,
 
 // The text only scrolls: Tab, Return and Escape belong to the window. Neither control tells its
 // parent of a pointer over it in a way that every system does.
-LRESULT CALLBACK InfoWindow::TextProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                           UINT_PTR id, DWORD_PTR self) {
+LRESULT InfoWindow::OnTextMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, TextProcedure, id);
-  if (message == WM_MOUSEMOVE) {
-    ReportPointer(window, lParam, reinterpret_cast<const InfoWindow*>(self)->events.overText);
-  }
-  return DefSubclassProc(window, message, wParam, lParam);
+  if (message == WM_MOUSEMOVE) ReportPointer(window, lParam, events.overText);
+  return CallSubclassed(window, message, wParam, lParam);
 }
 
-LRESULT CALLBACK InfoWindow::OkProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                         UINT_PTR id, DWORD_PTR self) {
-  if (message == WM_NCDESTROY) RemoveWindowSubclass(window, OkProcedure, id);
-  if (message == WM_MOUSEMOVE) {
-    ReportPointer(window, lParam, reinterpret_cast<const InfoWindow*>(self)->events.overOk);
-  }
-  return DefSubclassProc(window, message, wParam, lParam);
+LRESULT InfoWindow::OnOkMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message == WM_MOUSEMOVE) ReportPointer(window, lParam, events.overOk);
+  return CallSubclassed(window, message, wParam, lParam);
 }
 
 }  // namespace deck

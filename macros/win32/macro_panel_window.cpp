@@ -12,6 +12,7 @@
 #include "platform/win32/fonts.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
+#include "platform/win32/subclass.h"
 #include "platform/win32/text_drag.h"
 #include "platform/win32/wide_text.h"
 
@@ -84,8 +85,8 @@ void MacroPanelWindow::CreateControls() {
   list_ = CreateControl(WC_LISTBOXW, L"",
                         WS_TABSTOP | WS_VSCROLL | WS_HSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
                         WS_EX_CLIENTEDGE, window_, static_cast<int>(ControlId::kList1));
-  SetWindowSubclass(combo_, ComboProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
-  SetWindowSubclass(list_, ListProcedure, 0, reinterpret_cast<DWORD_PTR>(this));
+  Subclass<&MacroPanelWindow::HandleCombo>(combo_, this);
+  Subclass<&MacroPanelWindow::HandleList>(list_, this);
 }
 
 void MacroPanelWindow::SetFont(const LOGFONTW& font, int dpi) {
@@ -222,22 +223,11 @@ void MacroPanelWindow::OnCommand(WORD control, WORD code) {
 
 // ---- The headings.
 
-LRESULT CALLBACK MacroPanelWindow::ComboProcedure(HWND window, UINT message, WPARAM wParam,
-                                                  LPARAM lParam, UINT_PTR id, DWORD_PTR self) {
-  if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(window, ComboProcedure, id);
-    return DefSubclassProc(window, message, wParam, lParam);
-  }
-  return InProcedure([&] {
-    return reinterpret_cast<MacroPanelWindow*>(self)->HandleCombo(message, wParam, lParam);
-  });
-}
-
-LRESULT MacroPanelWindow::HandleCombo(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT MacroPanelWindow::HandleCombo(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_MOUSEMOVE && HasPointerMoved(combo_, lParam)) Report(events.headingPointer);
   if (message == WM_KEYDOWN && OnComboKey(wParam)) return 0;
   if (message == WM_CHAR && IsHandledAsKey(wParam)) return 0;
-  return DefSubclassProc(combo_, message, wParam, lParam);
+  return CallSubclassed(window, message, wParam, lParam);
 }
 
 bool MacroPanelWindow::OnComboKey(WPARAM key) {
@@ -255,18 +245,7 @@ bool MacroPanelWindow::OnComboKey(WPARAM key) {
 
 // ---- The macros.
 
-LRESULT CALLBACK MacroPanelWindow::ListProcedure(HWND window, UINT message, WPARAM wParam,
-                                                 LPARAM lParam, UINT_PTR id, DWORD_PTR self) {
-  if (message == WM_NCDESTROY) {
-    RemoveWindowSubclass(window, ListProcedure, id);
-    return DefSubclassProc(window, message, wParam, lParam);
-  }
-  return InProcedure([&] {
-    return reinterpret_cast<MacroPanelWindow*>(self)->HandleList(message, wParam, lParam);
-  });
-}
-
-LRESULT MacroPanelWindow::HandleList(UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT MacroPanelWindow::HandleList(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_KEYDOWN:
       dragged_ = false;
@@ -293,7 +272,7 @@ LRESULT MacroPanelWindow::HandleList(UINT message, WPARAM wParam, LPARAM lParam)
     default:
       break;
   }
-  return DefSubclassProc(list_, message, wParam, lParam);
+  return CallSubclassed(window, message, wParam, lParam);
 }
 
 bool MacroPanelWindow::OnListKey(WPARAM key) {

@@ -58,14 +58,10 @@ class MacroPanelWindow : public MacroPanelView {
   };
 
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  static LRESULT CALLBACK ComboProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                         UINT_PTR id, DWORD_PTR self);
-  static LRESULT CALLBACK ListProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                        UINT_PTR id, DWORD_PTR self);
 
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT HandleCombo(UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT HandleList(UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT HandleCombo(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT HandleList(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
 
   void CreateControls();
   void LayOut();

@@ -10,7 +10,6 @@ namespace {
 TTTOOLINFOW ToolOf(HWND owner, UINT_PTR area) {
   TTTOOLINFOW tool{};
   tool.cbSize = TTTOOLINFOW_V2_SIZE;  // the newest one that every version of the control takes
-  tool.uFlags = TTF_SUBCLASS;
   tool.hwnd = owner;
   tool.uId = area;
   return tool;
@@ -29,13 +28,25 @@ ToolTips::ToolTips(HWND owner)
                             GetModuleHandleW(nullptr), nullptr)) {}
 
 void ToolTips::Set(UINT_PTR area, const RECT& where, const std::u16string& text) {
+  Tip& tip = shown_[area];
+  if (tip.text == text && (text.empty() || EqualRect(&tip.where, &where))) return;
   TTTOOLINFOW tool = ToolOf(owner_, area);
-  SendMessageW(tips_, TTM_DELTOOLW, 0, Pointer(tool));
+  if (!tip.text.empty()) SendMessageW(tips_, TTM_DELTOOLW, 0, Pointer(tool));
+  tip = {where, text};
   if (text.empty()) return;
-  std::u16string shown = text;
   tool.rect = where;
-  tool.lpszText = MutableWide(shown);
+  tool.lpszText = MutableWide(tip.text);
   SendMessageW(tips_, TTM_ADDTOOLW, 0, Pointer(tool));
+}
+
+void ToolTips::Relay(UINT message, WPARAM wParam, LPARAM lParam) const {
+  if (message < WM_MOUSEFIRST || message > WM_MOUSELAST) return;
+  MSG relayed{};
+  relayed.hwnd = owner_;
+  relayed.message = message;
+  relayed.wParam = wParam;
+  relayed.lParam = lParam;
+  SendMessageW(tips_, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
 }
 
 }  // namespace deck

@@ -3,6 +3,7 @@
 
 #include <windows.h>
 
+#include <map>
 #include <string>
 
 namespace deck {
@@ -15,10 +16,18 @@ class ToolTips {
   HWND Handle() const { return tips_; }
   // The tip of area number `area` in the client coordinates of the owner; empty text shows none.
   void Set(UINT_PTR area, const RECT& where, const std::u16string& text);
+  // For every message of the owner: the tips follow the pointer.
+  void Relay(UINT message, WPARAM wParam, LPARAM lParam) const;
 
  private:
+  struct Tip {
+    RECT where;
+    std::u16string text;
+  };
+
   HWND owner_;
   HWND tips_;
+  std::map<UINT_PTR, Tip> shown_;
 };
 
 }  // namespace deck

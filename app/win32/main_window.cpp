@@ -179,8 +179,7 @@ void MainWindow::Show() {
 std::unique_ptr<EditBox> MainWindow::CreateEditBox(EditBox::Events boxEvents) {
   auto box = std::make_unique<RichEditBox>(editBoxes_, window_, static_cast<int>(ControlId::kText1),
                                            dpi_, std::move(boxEvents));
-  const Rectangle& place = layout_.editBox;
-  MoveWindow(box->Window(), place.left, place.top, place.width, place.height, FALSE);
+  box->Place(ToRect(layout_.editBox));
   return box;
 }
 
@@ -290,15 +289,13 @@ void MainWindow::Arrange() {
                                     .statusBarHeight = status_->Height(),
                                     .macroFrameWidth = macroFrameWidth_,
                                     .dpi = dpi_});
-  HDWP moves = BeginDeferWindowPos(static_cast<int>(editBoxes_.boxes.size()) + 3);
+  HDWP moves = BeginDeferWindowPos(3);
   moves = Move(moves, toolbar_->Handle(), {0, 0, client.right, toolbar_->Height()});
   moves = Move(moves, macroPanel_->Handle(), layout_.macroFrame,
                layout_.macroFrame.width > 0 ? SWP_SHOWWINDOW : SWP_HIDEWINDOW);
   moves = Move(moves, tabs_->Handle(), layout_.tabStrip);
-  for (const RichEditBox* box : editBoxes_.boxes) {
-    if (box->Window() != nullptr) moves = Move(moves, box->Window(), layout_.editBox);
-  }
   EndDeferWindowPos(moves);
+  for (RichEditBox* box : editBoxes_.boxes) box->Place(ToRect(layout_.editBox));
 }
 
 }  // namespace deck

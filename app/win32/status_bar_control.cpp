@@ -10,6 +10,7 @@
 #include "platform/twips.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
+#include "platform/win32/paint_pause.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
@@ -52,12 +53,19 @@ void StatusBarControl::SetFont(HFONT font, int dpi) {
 void StatusBarControl::SetPanel(int panel, const std::u16string& text) {
   const auto index = static_cast<std::size_t>(panel - 1);
   texts_[index] = text;
-  // A tab would move what follows it to the middle of the panel.
-  std::u16string shown = text;
-  std::replace(shown.begin(), shown.end(), u'\t', u' ');
-  SendMessageW(window_, SB_SETTEXTW, index, reinterpret_cast<LPARAM>(Wide(shown)));
+  SetText(index, text);
   ArrangePanels();
   ShowToolTips();
+}
+
+void StatusBarControl::SetText(std::size_t index, std::u16string text) {
+  // A tab would move what follows it to the middle of the panel.
+  std::replace(text.begin(), text.end(), u'\t', u' ');
+  RECT panel{};
+  SendMessageW(window_, SB_GETRECT, index, reinterpret_cast<LPARAM>(&panel));
+  // Several texts often follow each other; only the last one is worth painting.
+  const PaintPause pause(window_, panel);
+  SendMessageW(window_, SB_SETTEXTW, index, reinterpret_cast<LPARAM>(Wide(text)));
 }
 
 void StatusBarControl::SetPanelToolTip(int panel, const std::u16string& text) {

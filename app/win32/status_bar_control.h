@@ -32,6 +32,7 @@ class StatusBarControl {
 
  private:
   LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  void SetText(std::size_t index, std::u16string text);
   // Width that each panel wants.
   std::array<int, kStatusPanels> Wanted() const;
   void ArrangePanels();

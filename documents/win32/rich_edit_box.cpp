@@ -10,6 +10,7 @@
 
 #include "platform/scope_value.h"
 #include "platform/text_edits.h"
+#include "platform/win32/paint_pause.h"
 #include "platform/win32/subclass.h"
 
 namespace deck {
@@ -169,9 +170,15 @@ int RichEditBox::StartOfLine(int line) const {
   return deck::StartOfLine(text_.text(), line);
 }
 
+void RichEditBox::Place(const RECT& place) {
+  place_ = place;
+  if (visible_) MoveToPlace();
+}
+
 void RichEditBox::SetVisible(bool visible) {
-  visible_ = visible;
-  if (control_ != nullptr) ShowWindow(control_, visible ? SW_SHOWNA : SW_HIDE);
+  if (visible) MoveToPlace();
+  if (std::exchange(visible_, visible) == visible || control_ == nullptr) return;
+  ShowWindow(control_, visible ? SW_SHOWNA : SW_HIDE);
 }
 
 void RichEditBox::Focus() {
@@ -220,6 +227,15 @@ void RichEditBox::Rebuild() {
   }
   StreamIntoControl(control_, text_.text());
   if (visible_) ShowWindow(control_, SW_SHOWNA);
+}
+
+// The system's control lays all its lines out anew when its width changes, even with the same lines
+// as a result; what is hidden waits for that until it is shown.
+void RichEditBox::MoveToPlace() {
+  if (control_ == nullptr || !place_) return;
+  const RECT place = *std::exchange(place_, std::nullopt);
+  MoveWindow(control_, place.left, place.top, place.right - place.left, place.bottom - place.top,
+             TRUE);
 }
 
 // Brings the control to the present text, which the edits led to.

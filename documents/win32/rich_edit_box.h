@@ -75,7 +75,9 @@ class RichEditBox final : public EditBox {
   void Redo();
   bool CanRedo() const { return text_.CanRedo(); }
 
-  // The window to place; another one after each call that changes the text or the font.
+  // In the parent, from when it is next visible on.
+  void Place(const RECT& place);
+  // Another one after each call that changes the text or the font.
   HWND Window() const { return control_; }
   // The resolution at which the font is readable. Neither a change nor a step.
   void SetDpi(int dpi);
@@ -87,6 +89,7 @@ class RichEditBox final : public EditBox {
                                  LPARAM lParam);
 
   void Attach(HWND control);
+  void MoveToPlace();
   void Rebuild();
   void CarryOut(const std::vector<TextEdit>& edits);
   void CarryOutInPlace(const TextEdit& edit);
@@ -123,6 +126,7 @@ class RichEditBox final : public EditBox {
   HWND control_ = nullptr;
   Win32Clipboard clipboard_{[this] { return control_; }};
   UndoableText text_;
+  std::optional<RECT> place_;  // still to be taken
   bool visible_ = false;
   bool updating_ = false;    // the control changes because this object changes it
   bool rebuilding_ = false;  // the focus goes from the old control to the new one

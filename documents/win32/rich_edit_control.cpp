@@ -158,16 +158,4 @@ void ShowView(HWND control, const ControlView& view) {
   SendMessageW(control, EM_SETSCROLLPOS, 0, Address(scrolled));
 }
 
-// An invisible control must not be told to paint again: that would make it visible.
-PaintPause::PaintPause(HWND control)
-    : control_((GetWindowLongPtrW(control, GWL_STYLE) & WS_VISIBLE) != 0 ? control : nullptr) {
-  if (control_ != nullptr) SendMessageW(control_, WM_SETREDRAW, FALSE, 0);
-}
-
-PaintPause::~PaintPause() {
-  if (control_ == nullptr) return;
-  SendMessageW(control_, WM_SETREDRAW, TRUE, 0);
-  InvalidateRect(control_, nullptr, TRUE);
-}
-
 }  // namespace deck

@@ -42,16 +42,4 @@ struct ControlView {
 ControlView ViewOf(HWND control);
 void ShowView(HWND control, const ControlView& view);
 
-// Keeps the control from painting while it lives.
-class PaintPause {
- public:
-  explicit PaintPause(HWND control);
-  ~PaintPause();
-  PaintPause(const PaintPause&) = delete;
-  PaintPause& operator=(const PaintPause&) = delete;
-
- private:
-  HWND control_;
-};
-
 }  // namespace deck

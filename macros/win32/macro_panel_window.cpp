@@ -10,6 +10,7 @@
 #include "platform/control_ids.h"
 #include "platform/twips.h"
 #include "platform/win32/fonts.h"
+#include "platform/win32/paint_pause.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/subclass.h"
@@ -108,19 +109,19 @@ void MacroPanelWindow::Focus() {
 }
 
 void MacroPanelWindow::ShowHeadings(const std::vector<std::u16string>& headings, int selected) {
-  SendMessageW(combo_, WM_SETREDRAW, FALSE, 0);
+  const PaintPause pause(window_);
   SendMessageW(combo_, CB_RESETCONTENT, 0, 0);
   for (const std::u16string& heading : headings) {
     SendMessageW(combo_, CB_ADDSTRING, 0, Text(heading));
   }
   SendMessageW(combo_, CB_SETCURSEL, static_cast<WPARAM>(selected), 0);
-  SendMessageW(combo_, WM_SETREDRAW, TRUE, 0);
-  InvalidateRect(combo_, nullptr, TRUE);
 }
 
 void MacroPanelWindow::ShowMacros(const std::vector<std::u16string>& names) {
   const TextMeasure measure(list_, font_.Get());
   int widest = 0;
+  // The frame's, so that scroll bars wait as well.
+  const PaintPause pause(window_);
   SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
   SendMessageW(list_, LB_RESETCONTENT, 0, 0);
   for (const std::u16string& name : names) {
@@ -131,7 +132,6 @@ void MacroPanelWindow::ShowMacros(const std::vector<std::u16string>& names) {
   const int margin = ScaleToDpi(6, dpi_);
   SendMessageW(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + margin), 0);
   SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
-  InvalidateRect(list_, nullptr, TRUE);
 }
 
 // ---- The frame.

@@ -1,0 +1,25 @@
+#include "platform/win32/paint_pause.h"
+
+namespace deck {
+
+// An invisible window must not be told to paint again: that would make it visible.
+PaintPause::PaintPause(HWND window)
+    : window_((GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0 ? window : nullptr) {
+  if (window_ != nullptr) SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
+}
+
+PaintPause::PaintPause(HWND window, const RECT& area) : PaintPause(window) {
+  area_ = area;
+}
+
+PaintPause::~PaintPause() {
+  if (window_ == nullptr) return;
+  SendMessageW(window_, WM_SETREDRAW, TRUE, 0);
+  if (area_) {
+    InvalidateRect(window_, &*area_, TRUE);
+    return;
+  }
+  RedrawWindow(window_, nullptr, nullptr, RDW_ERASE | RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN);
+}
+
+}  // namespace deck

@@ -48,6 +48,35 @@ TEST_F(MacroPanelWindowTest, FillingReportsNothingAndSelectsNoMacro) {
   EXPECT_EQ(SendMessageW(Macros(), LB_GETCURSEL, 0, 0), LB_ERR);
 }
 
+TEST_F(MacroPanelWindowTest, NothingOfTheFormerContentsIsStillToBeSeenAfterFilling) {
+  std::vector<std::u16string> many;
+  for (int i = 0; i < 300; ++i) many.push_back(u"A_LONG_MACRO_NAME_WHICH_NEEDS_A_SCROLL_BAR");
+  for (const auto& names : {many, std::vector<std::u16string>{u"FIRE"}, many, {}}) {
+    const std::vector<COLORREF> before = Pixels(Frame());
+    window.MacroPanel().ShowHeadings({names.empty() ? u"None" : u"All " + names[0]}, 0);
+    window.MacroPanel().ShowMacros(names);
+    loop.Pump();
+    const std::vector<COLORREF> shown = Pixels(Frame());
+    EXPECT_NE(shown, before);
+    PaintAgain(Frame());
+    EXPECT_EQ(shown, Pixels(Frame()));
+  }
+}
+
+TEST_F(MacroPanelWindowTest, FillingAHiddenPanelLeavesItHidden) {
+  window.PositionControls(0);
+  window.MacroPanel().ShowHeadings({u"All"}, 0);
+  window.MacroPanel().ShowMacros({u"FIRE"});
+  loop.Pump();
+  EXPECT_FALSE(IsWindowVisible(Frame()));
+  window.PositionControls(300);
+  loop.Pump();
+  EXPECT_TRUE(IsWindowVisible(Macros()));
+  const std::vector<COLORREF> shown = Pixels(Frame());
+  PaintAgain(Frame());
+  EXPECT_EQ(shown, Pixels(Frame()));
+}
+
 TEST_F(MacroPanelWindowTest, NothingIsSelectedAmongHeadingsWhenThereIsNone) {
   window.MacroPanel().ShowHeadings({}, -1);
   EXPECT_EQ(SendMessageW(Headings(), CB_GETCURSEL, 0, 0), CB_ERR);

@@ -16,6 +16,7 @@
 #include "app/win32/main_window.h"
 #include "documents/layout.h"
 #include "platform/control_ids.h"
+#include "platform/win32/handles.h"
 #include "platform/win32/message_loop.h"
 
 namespace deck {
@@ -77,6 +78,33 @@ class MainWindowFixture : public testing::Test {
     GetWindowRect(control, &rect);
     MapWindowPoints(nullptr, window.Handle(), reinterpret_cast<POINT*>(&rect), 2);
     return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+  }
+
+  // What is to be seen of a control, row by row.
+  static std::vector<COLORREF> Pixels(HWND control) {
+    RECT client{};
+    GetClientRect(control, &client);
+    BITMAPINFO format{};
+    format.bmiHeader = {
+        sizeof format.bmiHeader, client.right, client.bottom, 1, 32, BI_RGB, 0, 0, 0, 0, 0};
+    void* bits = nullptr;
+    const BitmapHandle bitmap(
+        CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0));
+    const DeviceContextHandle copy(CreateCompatibleDC(nullptr));
+    const HGDIOBJ old = SelectObject(copy.Get(), bitmap.Get());
+    const HDC shown = GetDC(control);
+    BitBlt(copy.Get(), 0, 0, client.right, client.bottom, shown, 0, 0, SRCCOPY);
+    ReleaseDC(control, shown);
+    GdiFlush();
+    const auto* pixels = static_cast<const COLORREF*>(bits);
+    std::vector<COLORREF> result(pixels, pixels + client.right * client.bottom);
+    SelectObject(copy.Get(), old);
+    return result;
+  }
+
+  static void PaintAgain(HWND control) {
+    RedrawWindow(control, nullptr, nullptr,
+                 RDW_ERASE | RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
   }
 
   static void Mouse(HWND control, UINT message, POINT where, WPARAM keys = 0) {

@@ -9,6 +9,7 @@
 #include <regex>
 #include <string>
 
+#include "documents/win32/rich_edit_box.h"
 #include "platform/strings.h"
 #include "platform/win32/wide_text.h"
 #include "tests/window/main_window_fixture.h"
@@ -75,6 +76,7 @@ TEST_F(MainWindowTest, ControlsHaveTheClassesThatScriptsLookFor) {
 
 TEST_F(MainWindowTest, TabStripAndEditBoxFillTheWindowAtEverySize) {
   const auto box = window.CreateEditBox({});
+  box->SetVisible(true);
   ShowWindowed();
   for (const auto& [width, height] : {std::pair{900, 600}, {700, 500}, {1100, 800}}) {
     Resize(width, height);
@@ -95,6 +97,7 @@ TEST_F(MainWindowTest, ToolbarStandsOnTopInFullWidth) {
 
 TEST_F(MainWindowTest, MacroPanelTakesItsWidthFromTheTabStrip) {
   const auto box = window.CreateEditBox({});
+  box->SetVisible(true);
   ShowWindowed();
   window.PositionControls(300);
   EXPECT_TRUE(IsWindowVisible(Frame()));
@@ -112,9 +115,24 @@ TEST_F(MainWindowTest, EditBoxMadeLaterStandsWhereTheOthersStand) {
   ShowWindowed();
   window.PositionControls(200);
   const auto first = window.CreateEditBox({});
+  first->SetVisible(true);
   const Rectangle place = PlaceOf(Control(ControlId::kText1));
+  first->SetVisible(false);
   const auto second = window.CreateEditBox({});
-  EXPECT_EQ(PlaceOf(Control(ControlId::kText1)), place);
+  second->SetVisible(true);
+  const auto* box = dynamic_cast<const RichEditBox*>(second.get());
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(PlaceOf(box->Window()), place);
+}
+
+TEST_F(MainWindowTest, EditBoxThatWasHiddenTakesThePresentPlaceWhenItIsShown) {
+  ShowWindowed();
+  const auto box = window.CreateEditBox({});
+  box->SetVisible(true);
+  box->SetVisible(false);
+  Resize(700, 500);
+  window.PositionControls(150);
+  box->SetVisible(true);
   ExpectEditBoxInsideTabStrip(3, 23, 6);
 }
 
@@ -152,6 +170,7 @@ TEST_F(MainWindowTest, CannotBeMadeSmallerThanItsControlsNeed) {
 
 TEST_F(MainWindowTest, NewResolutionScalesOffsetsFontsAndPanel) {
   const auto box = window.CreateEditBox({});
+  box->SetVisible(true);
   ShowWindowed();
   window.PositionControls(200);
   const int statusHeight = StatusHeight();

@@ -123,6 +123,19 @@ TEST_F(StatusBarTest, PanelsKeepTheirPlacesWhileTheirTextsComeAndGo) {
   EXPECT_EQ(PanelPlace(6).left, before.left);
 }
 
+TEST_F(StatusBarTest, NothingOfAFormerTextIsStillToBeSeen) {
+  for (const std::u16string& text : {std::u16string(u"short"), std::u16string(60, u'W'),
+                                     std::u16string(u"a little longer"), std::u16string()}) {
+    for (const int panel : {1, 2, 8}) {
+      window.SetPanel(panel, text);
+      loop.Pump();
+      const std::vector<COLORREF> shown = Pixels(Status());
+      PaintAgain(Status());
+      EXPECT_EQ(shown, Pixels(Status())) << "panel " << panel << ' ' << Narrow(text);
+    }
+  }
+}
+
 TEST_F(StatusBarTest, TabInATextDoesNotMoveItToTheMiddle) {
   window.SetPanel(1, u"FIRE =\tx");
   EXPECT_EQ(Panel(1), L"FIRE = x");

@@ -157,12 +157,16 @@ SkipAll() {
 }
 
 WindowsKinds() {
-  local lacking
+  local lacking check
   if ! command -v x86_64-w64-mingw32-g++-posix >/dev/null; then
-    SkipAll 'the mingw-w64 compiler is not installed' 'build windows' windows desktop
+    SkipAll 'the mingw-w64 compiler is not installed' 'build windows' 'exe' windows desktop
     return
   fi
   Build windows
+  Check 'exe self-test' scripts/check_exe.sh --self-test
+  for check in size imports protection sections; do
+    Check "exe $check" scripts/check_exe.sh build/windows/bin/WrenDeck.exe "$check"
+  done
   # shellcheck source=scripts/wine_env.sh
   source scripts/wine_env.sh
   if lacking=$(WineMissing); then

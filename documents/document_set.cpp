@@ -25,6 +25,7 @@ void ShowFileContent(Document& document, FileContent content) {
   document.file = {std::move(content.bytes), document.text1->Text(), content.decoded.format,
                    content.stamp};
   document.modifiedFlag = 0;
+  ++document.revision;
 }
 
 DocumentSet::DocumentSet(MainWindowView& view, StatusBar& status, Keyboard& keyboard,

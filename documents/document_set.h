@@ -41,7 +41,7 @@ struct Document {
   std::int16_t modifiedFlag = 0;   // of `ModifiedFlags`: only 1 means modified
   std::u16string caption;          // the file's name, or "Untitled"
   FileImage file;
-  std::uint64_t revision = 0;  // counts the edits
+  std::uint64_t revision = 0;  // counts the texts that the box has held
 };
 
 // The bytes of a file and what they say, or why there is nothing to show.

@@ -20,6 +20,15 @@ bool IsWorthKeeping(const Document& document) {
   return document.modifiedFlag == 1 && !(document.path.empty() && document.text1->Length() == 0);
 }
 
+// The file as it was before the edits, so that saving over it asks for no second copy. Another
+// text, which somebody wrote meanwhile, is not known to the document and will be kept beside it.
+void KnowFileBefore(Document& document, FileContent onDisk, std::uint64_t fingerprint) {
+  document.file.stamp = onDisk.stamp;
+  if (FingerprintOf(onDisk.bytes) != fingerprint) return;
+  document.file.bytes = std::move(onDisk.bytes);
+  document.file.text = std::move(onDisk.decoded.text);
+}
+
 }  // namespace
 
 struct Recovery::File {
@@ -79,8 +88,8 @@ bool Recovery::TakeOver(const RecoveryName& name) {
   if (!recovered) return false;
   // A relative path would belong to whatever folder is current now.
   if (ports_.files.Absolute(recovered->path) != recovered->path) recovered->path.clear();
-  FileImage image = ImageOf(*recovered);
-  if (!recovered->path.empty() && image.text == recovered->text) {
+  Result<FileContent> onDisk = ReadFileContent(ports_.files, ports_.codePage, recovered->path);
+  if (onDisk && onDisk->decoded.text == recovered->text) {
     Drop(file);
     return false;
   }
@@ -88,27 +97,13 @@ bool Recovery::TakeOver(const RecoveryName& name) {
   const int index = documents_.TargetForLoading();
   Document& document = documents_[index];
   document.text1->Load(recovered->text);
-  document.file = std::move(image);
+  document.file = {};
+  document.file.format = recovered->format;
+  if (onDisk) KnowFileBefore(document, std::move(*onDisk), recovered->fingerprint);
   if (!recovered->path.empty()) documents_.Rename(index, recovered->path);
   document.modifiedFlag = 1;
-  kept_[document.id] = {file, document.revision};
+  kept_[document.id] = {file, document.revision, document.path};
   return true;
-}
-
-// The file as it was before the edits, so that saving over it asks for no second copy. Another
-// text, which somebody wrote meanwhile, is not known to the document and will be kept beside it.
-FileImage Recovery::ImageOf(const RecoveryText& recovered) const {
-  FileImage image;
-  image.format = recovered.format;
-  Result<FileContent> onDisk = ReadFileContent(ports_.files, ports_.codePage, recovered.path);
-  if (!onDisk) return image;
-  image.stamp = onDisk->stamp;
-  if (FingerprintOf(onDisk->bytes) == recovered.fingerprint ||
-      onDisk->decoded.text == recovered.text) {
-    image.bytes = std::move(onDisk->bytes);
-    image.text = std::move(onDisk->decoded.text);
-  }
-  return image;
 }
 
 std::shared_ptr<Recovery::File> Recovery::NewFile() {
@@ -144,11 +139,12 @@ void Recovery::Keep(Document& document) {
     if (state == File::State::kWriting) return;
     if (state == File::State::kFailed) {
       failed_ = true;
-    } else if (kept.revision == document.revision) {
+    } else if (kept.revision == document.revision && kept.path == document.path) {
       return;
     }
   }
   kept.revision = document.revision;
+  kept.path = document.path;
   kept.file->state = File::State::kWriting;
   const RecoveryText recovery{document.path, document.file.format,
                               FingerprintOf(document.file.bytes), document.text1->Text()};

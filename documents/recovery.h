@@ -53,12 +53,13 @@ class Recovery {
   struct File;
   struct Kept {
     std::shared_ptr<File> file;
-    std::uint64_t revision = 0;  // of the text that was last given to the background
+    // Of what was last given to the background.
+    std::uint64_t revision = 0;
+    std::u16string path;
   };
 
   bool Hold(int session);
   bool TakeOver(const RecoveryName& name);
-  FileImage ImageOf(const RecoveryText& recovered) const;
   std::shared_ptr<File> NewFile();
   void Keep(Document& document);
   void Drop(const std::shared_ptr<File>& file);

@@ -79,6 +79,15 @@ bool EditorModel::IsKept(const std::u16string& path, const std::u16string& text)
   return false;
 }
 
+// The other tab may have read this text before it was edited there and saved.
+bool EditorModel::IsOpenTwice(const Document& document) const {
+  DocumentSet& documents = run_.editor.Documents();
+  for (int index = 0; index < documents.Count(); ++index) {
+    if (documents[index].id != document.id && documents[index].path == document.path) return true;
+  }
+  return false;
+}
+
 // A tab may go in the same step in which its text got a name.
 bool EditorModel::IsSomewhere(const std::u16string& text) const {
   return std::ranges::any_of(machine_.files.FilesIn(kFilesFolder), [&](const auto& name) {
@@ -115,10 +124,14 @@ void EditorModel::CheckTexts() {
               "the text of " + Plain(document.caption) + " changed by itself");
     }
     Known& known = known_[document.id];
+    Require(found == known_.end() || document.path == known.path || document.modifiedFlag == 0,
+            Plain(document.caption) + " has a new path without having been saved there");
     // What was written reads as the text, whatever happens to the file later.
     if (document.modifiedFlag == 0 && known.modified) {
-      Require(overwriteAgreed_ || IsKept(document.path, document.text1->Text()),
-              Plain(document.caption) + " counts as saved and is not on disk");
+      Require(overwriteAgreed_ || IsOpenTwice(document) ||
+                  IsKept(document.path, document.text1->Text()),
+              Plain(document.caption) + " counts as saved and is not on disk: " +
+                  Plain(document.text1->Text()) + " <> " + machine_.files.Content(document.path));
     }
     known = {document.text1->Text(), document.path, document.modifiedFlag == 1, known.givenUp};
   }
@@ -178,8 +191,17 @@ void EditorModel::CheckIdle() {
           "panel 3 does not show the flag: " + Plain(run_.view.Panel(kStatePanel)));
 }
 
-std::vector<std::pair<std::u16string, std::u16string>> EditorModel::TextsToComeBack() {
-  std::vector<std::pair<std::u16string, std::u16string>> texts;
+void EditorModel::CheckEnd() {
+  DocumentSet& documents = run_.editor.Documents();
+  for (int index = 0; index < documents.Count(); ++index) {
+    const Document& document = documents[index];
+    Require(document.modifiedFlag == 0 || known_[document.id].givenUp,
+            "the program ended with an unsaved text: " + Plain(document.text1->Text()));
+  }
+}
+
+EditorModel::Texts EditorModel::TextsToComeBack() {
+  Texts texts;
   DocumentSet& documents = run_.editor.Documents();
   for (int index = 0; index < documents.Count(); ++index) {
     const Document& document = documents[index];
@@ -191,6 +213,15 @@ std::vector<std::pair<std::u16string, std::u16string>> EditorModel::TextsToComeB
   }
   std::ranges::sort(texts);
   return texts;
+}
+
+void EditorModel::CheckCameBack(const Texts& lost) {
+  const Texts back = TextsToComeBack();
+  for (const auto& [path, text] : lost) {
+    Require(std::ranges::find(back, std::pair(path, text)) != back.end(),
+            "a text did not come back: " + Plain(path) + ": " + Plain(text));
+  }
+  Require(back.size() == lost.size(), "other texts came back than were lost");
 }
 
 }  // namespace deck

@@ -39,8 +39,14 @@ class EditorModel {
   // To be called when a step has ended; `idle` when no command of an outer step still runs.
   void Check(bool idle);
 
+  // To be called when the program has ended in order.
+  void CheckEnd();
+
   // What is lost when the program is killed now: nothing, when these come back. By path and text.
-  std::vector<std::pair<std::u16string, std::u16string>> TextsToComeBack();
+  using Texts = std::vector<std::pair<std::u16string, std::u16string>>;
+  Texts TextsToComeBack();
+  // To be called after the next start.
+  void CheckCameBack(const Texts& lost);
 
   // What did not hold, in the order found.
   const std::vector<std::string>& Complaints() const { return complaints_; }
@@ -61,6 +67,7 @@ class EditorModel {
   void CheckTabs();
   void CheckFlags();
   void CheckIdle();
+  bool IsOpenTwice(const Document& document) const;
   bool IsSomewhere(const std::u16string& text) const;
   bool IsKept(const std::u16string& path, const std::u16string& text) const;
   bool IsOnDisk(const std::u16string& path, const std::u16string& text) const;

@@ -38,7 +38,7 @@ class Walker {
     random_.seed(number);
     DoStep();
     model_->Check(true);
-    if (ended_) StartProgram();
+    if (ended_ && Complaints().empty()) StartProgram();
   }
   const std::vector<std::string>& Complaints() const { return model_->Complaints(); }
   const std::vector<std::string>& Trail() const { return trail_; }
@@ -136,6 +136,7 @@ class Walker {
   void CloseWindow() {
     if (ended_ || !run_->editor.QueryUnload()) return;
     run_->editor.Unload();
+    model_->CheckEnd();
     ended_ = true;
   }
 
@@ -304,7 +305,7 @@ class Walker {
     run_->events.Advance(5000);
     const auto lost = model_->TextsToComeBack();
     StartProgram();
-    if (model_->TextsToComeBack() != lost) model_->Complain("a text did not come back");
+    model_->CheckCameBack(lost);
   }
 
   Machine machine_;

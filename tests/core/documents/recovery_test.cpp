@@ -249,6 +249,32 @@ TEST_F(RecoveryTest, WritesOnlyWhatWasEditedSinceTheLastTime) {
   EXPECT_TRUE(editor.background.waiting.empty());
 }
 
+TEST_F(RecoveryTest, AnotherNameReachesTheFileAlsoWithoutAnotherText) {
+  {
+    RunningEditor editor(machine);
+    editor.Type(u"one");
+    editor.recovery.Update();
+    editor.documents.Rename(0, u"C:\\b.tmj");
+    editor.recovery.Update();
+  }
+  EXPECT_EQ(RunningEditor(machine).captions, Captions{u"b.tmj"});
+}
+
+TEST_F(RecoveryTest, AnotherTextInTheSameBoxReachesTheFile) {
+  machine.files.AddFile(u"C:\\a.tmj", "old");
+  {
+    RunningEditor editor(machine);
+    editor.Open(machine, u"C:\\a.tmj");
+    editor.Type(u"new ");
+    editor.recovery.Update();
+    // Saved, written by somebody else and read again, and marked as modified before the next tick.
+    ShowFileContent(editor.documents[0], {"other", {u"other", {}}, 1});
+    editor.documents[0].modifiedFlag = 1;
+    editor.recovery.Update();
+  }
+  EXPECT_EQ(RunningEditor(machine).Text(0), u"other");
+}
+
 TEST_F(RecoveryTest, ASlowDiskGetsTheNewestTextAndNotEveryOne) {
   {
     RunningEditor editor(machine);
@@ -347,6 +373,20 @@ TEST_F(RecoveryTest, ATextThatSomebodyWroteMeanwhileIsNotKnownToTheDocument) {
   RunningEditor editor(machine);
   EXPECT_EQ(editor.Text(0), u"new old");
   EXPECT_EQ(editor.documents[0].file.bytes, "") << "so that a save keeps it as a copy";
+}
+
+TEST_F(RecoveryTest, AnEmptiedFileThatSomebodyWroteMeanwhileComesBackEmpty) {
+  machine.files.AddFile(u"C:\\a.tmj", "old");
+  {
+    RunningEditor editor(machine);
+    editor.Open(machine, u"C:\\a.tmj");
+    editor.TakeTextOut();
+    editor.recovery.Update();
+  }
+  machine.files.AddFile(u"C:\\a.tmj", "of somebody else");
+  RunningEditor editor(machine);
+  EXPECT_EQ(editor.captions, Captions{u"a.tmj"});
+  EXPECT_EQ(editor.Text(0), u"");
 }
 
 TEST_F(RecoveryTest, ATextThatReachedItsFileDoesNotComeBack) {

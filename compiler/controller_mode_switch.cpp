@@ -30,7 +30,7 @@ void ControllerModeSwitch::SwitchButtonsMode(std::int16_t mode) {
   const std::u16string commandLine = program + u" /MODE /WREN " + std::u16string(SwitchFor(mode));
   status_.Say(kChangingButtonsMode);
   ChangeToDriveRoot(ports_.files, program);
-  static_cast<void>(ports_.programs.Start(commandLine, ProgramWindow::kNormal));
+  static_cast<void>(ports_.programs.StartProgram(program, commandLine, ProgramWindow::kNormal));
   ports_.events.PumpEvents();
   status_.Say(kButtonsModeDone);
 }

@@ -22,7 +22,8 @@ WaitResult RunAndWait::RunCompilerAndWait(const std::u16string& commandLine) {
   ports_.events.StopTimer(TimerId::kTimer1);
   documents_.CompilerBusy = 1;
   // A program that does not start leaves no report; the limit ends that wait too.
-  static_cast<void>(ports_.programs.Start(commandLine, ProgramWindow::kNormal));
+  static_cast<void>(
+      ports_.programs.StartProgram(settings_.CompilerPath, commandLine, ProgramWindow::kNormal));
   state_ = {};
   ports_.events.StartTimer(TimerId::kDownloadTimer, PollInterval());
   while (state_.outcome == PollOutcome::kWaiting && IsToBeReported(run)) {

@@ -56,7 +56,7 @@ void HelpCommands::mnuAppsArray(int index) {
   }
   ChangeDriveAndFolder(ports_.files, app->workingFolder);
   // A program that the system refuses to start is skipped like every step that fails.
-  static_cast<void>(ports_.programs.Start(app->path, ProgramWindow::kNormal));
+  static_cast<void>(ports_.programs.StartProgram(app->path, app->path, ProgramWindow::kNormal));
 }
 
 }  // namespace deck

@@ -9,6 +9,8 @@ namespace deck {
 class Win32Programs : public Programs {
  public:
   bool Start(const std::u16string& commandLine, ProgramWindow window) override;
+  bool StartProgram(const std::u16string& program, const std::u16string& commandLine,
+                    ProgramWindow window) override;
 };
 
 }  // namespace deck

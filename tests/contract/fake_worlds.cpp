@@ -59,11 +59,18 @@ class FakeProgramsWorld : public ProgramsWorld {
   std::u16string ReportingCommand(const std::u16string& argument) const override {
     return std::u16string(kProgram) + argument;
   }
+  std::u16string MakeProgram(const std::u16string& name) override {
+    files_.AddFile(In(name), "");
+    return In(name);
+  }
+  std::u16string ReportingArguments(const std::u16string& argument) const override {
+    return argument;
+  }
   std::optional<Report> WaitForReport() override {
     if (programs_.started.empty()) return std::nullopt;
     const FakePrograms::Started& last = programs_.started.back();
-    return Report{last.commandLine.substr(kProgram.size()), last.currentFolder,
-                  static_cast<int>(last.window)};
+    const std::size_t name = last.program.empty() ? kProgram.size() : last.program.size() + 1;
+    return Report{last.commandLine.substr(name), last.currentFolder, static_cast<int>(last.window)};
   }
   std::u16string ImpossibleCommand() override {
     programs_.refuses = true;
@@ -71,6 +78,10 @@ class FakeProgramsWorld : public ProgramsWorld {
   }
 
  private:
+  static std::u16string In(const std::u16string& name) {
+    return std::u16string(kFolder) + u"\\" + name;
+  }
+
   FakeFiles files_;
   FakePrograms programs_{files_};
 };

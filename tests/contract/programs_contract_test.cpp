@@ -39,8 +39,23 @@ TEST_F(ProgramsContract, TellsTheProgramHowToShowItsWindow) {
   }
 }
 
+TEST_F(ProgramsContract, StartsThePathThatIsNamedAlsoWhereAShorterOneIsThere) {
+  const std::u16string program = world_->MakeProgram(u"some good program.exe");
+  for (const char16_t* decoy : {u"\\some.exe", u"\\some good.exe", u"\\some"})
+    ASSERT_TRUE(world_->FilesPort().Create(world_->Folder() + decoy, "no program"));
+  ASSERT_TRUE(programs_.StartProgram(program, program + u" " + world_->ReportingArguments(u"/WREN"),
+                                     ProgramWindow::kMinimised));
+  const auto report = world_->WaitForReport();
+  ASSERT_TRUE(report.has_value());
+  EXPECT_EQ(report->argument, u"/WREN");
+  EXPECT_EQ(report->window, 2);
+}
+
 TEST_F(ProgramsContract, SaysWhenNothingWasStarted) {
   EXPECT_FALSE(programs_.Start(world_->ImpossibleCommand(), ProgramWindow::kNormal));
+  EXPECT_FALSE(programs_.StartProgram(world_->Folder() + u"\\missing.exe",
+                                      world_->Folder() + u"\\missing.exe /x",
+                                      ProgramWindow::kNormal));
 }
 
 }  // namespace

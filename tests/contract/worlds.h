@@ -68,6 +68,11 @@ class ProgramsWorld {
   virtual std::u16string Folder() const = 0;
   // Starts a program that reports.
   virtual std::u16string ReportingCommand(const std::u16string& argument) const = 0;
+  // Puts the program that reports into Folder(), under this name, and gives its path, which is
+  // empty when that failed.
+  virtual std::u16string MakeProgram(const std::u16string& name) = 0;
+  // What makes it report, behind its name in a command line.
+  virtual std::u16string ReportingArguments(const std::u16string& argument) const = 0;
   // Waits for the report of the last program; nothing when none came.
   virtual std::optional<Report> WaitForReport() = 0;
   // Names a program that the system does not start.

@@ -3,10 +3,15 @@
 namespace deck {
 
 bool FakePrograms::Start(const std::u16string& commandLine, ProgramWindow window) {
+  return StartProgram(u"", commandLine, window);
+}
+
+bool FakePrograms::StartProgram(const std::u16string& program, const std::u16string& commandLine,
+                                ProgramWindow window) {
   if (refuses) return false;
-  const Started program{commandLine, window, files_.CurrentFolder()};
-  started.push_back(program);
-  if (onStart) onStart(program);
+  const Started start{commandLine, window, files_.CurrentFolder(), program};
+  started.push_back(start);
+  if (onStart) onStart(start);
   return true;
 }
 

@@ -16,6 +16,7 @@ class FakePrograms : public Programs {
     std::u16string commandLine;
     ProgramWindow window = ProgramWindow::kNormal;
     std::u16string currentFolder;
+    std::u16string program = {};  // empty where the system had to find it
 
     friend bool operator==(const Started&, const Started&) = default;
   };
@@ -24,6 +25,8 @@ class FakePrograms : public Programs {
   explicit FakePrograms(const FakeFiles& files) : files_(files) {}
 
   bool Start(const std::u16string& commandLine, ProgramWindow window) override;
+  bool StartProgram(const std::u16string& program, const std::u16string& commandLine,
+                    ProgramWindow window) override;
 
   std::vector<Started> started;
   bool refuses = false;

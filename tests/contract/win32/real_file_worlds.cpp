@@ -57,6 +57,12 @@ class RealProgramsWorld : public ProgramsWorld {
   std::u16string ReportingCommand(const std::u16string& argument) const override {
     return ReportingCommandLine(folder_.In(u"report"), argument);
   }
+  std::u16string MakeProgram(const std::u16string& name) override {
+    return files_.Copy(OwnProgram(), folder_.In(name)) ? folder_.In(name) : std::u16string();
+  }
+  std::u16string ReportingArguments(const std::u16string& argument) const override {
+    return deck::ReportingArguments(folder_.In(u"report"), argument);
+  }
   std::optional<Report> WaitForReport() override { return TakeReport(folder_.In(u"report")); }
   std::u16string ImpossibleCommand() override { return folder_.In(u"missing.exe") + u" /x"; }
 

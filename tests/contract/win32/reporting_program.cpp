@@ -43,12 +43,20 @@ std::u16string CurrentFolder() {
 
 }  // namespace
 
-std::u16string ReportingCommandLine(const std::u16string& reportFile,
-                                    const std::u16string& argument) {
+std::u16string OwnProgram() {
   std::array<wchar_t, MAX_PATH> program{};
   GetModuleFileNameW(nullptr, program.data(), program.size());
-  return u"\"" + FromWide(program.data()) + u"\" " + std::u16string(kSwitch) + u"\"" + reportFile +
-         u"\" " + argument;
+  return FromWide(program.data());
+}
+
+std::u16string ReportingCommandLine(const std::u16string& reportFile,
+                                    const std::u16string& argument) {
+  return u"\"" + OwnProgram() + u"\" " + ReportingArguments(reportFile, argument);
+}
+
+std::u16string ReportingArguments(const std::u16string& reportFile,
+                                  const std::u16string& argument) {
+  return std::u16string(kSwitch) + u"\"" + reportFile + u"\" " + argument;
 }
 
 bool ReportIfAsked() {

@@ -563,7 +563,7 @@ TEST_F(MainJobTest, OpensInsertsSavesCompilesAndLandsOnTheErrorLine) {
   EXPECT_EQ(
       programs.started[0],
       (FakePrograms::Started{u"C:\\Host\\HOTASCompiler.exe /WREN /CO \"C:\\Host\\Files\\f16.tmj\"",
-                             ProgramWindow::kNormal, u"C:\\Host"}));
+                             ProgramWindow::kNormal, u"C:\\Host", u"C:\\Host\\HOTASCompiler.exe"}));
   EXPECT_EQ(prompts.shown.back(),
             (Message{u"Compiler reported an error at line 2: Error 2002: something",
                      u"The compile was unsuccessful", BoxStyle::kExclamation}));

@@ -33,7 +33,7 @@ TEST_P(ButtonsModes, StartTheControlPanelFromTheRootOfItsDrive) {
   files.SetCurrentFolder(u"C:\\HOTAS");
   modeSwitch.SwitchButtonsMode(GetParam().mode);
   const std::vector<FakePrograms::Started> expected = {
-      {GetParam().commandLine, ProgramWindow::kNormal, u"C:\\"}};
+      {GetParam().commandLine, ProgramWindow::kNormal, u"C:\\", u"C:\\HOTAS\\HOTASConfig.exe"}};
   EXPECT_EQ(programs.started, expected);
 }
 

@@ -88,8 +88,9 @@ TEST_F(RunAndWaitTest, EventsRunThreeTimesARound) {
 
 TEST_F(RunAndWaitTest, TheProgramStartsInTheCompilersFolderInANormalWindow) {
   Run();
-  const std::vector<FakePrograms::Started> expected = {
-      {std::u16string(kCompiler) + u" /X", ProgramWindow::kNormal, u"C:\\HOTAS"}};
+  const std::vector<FakePrograms::Started> expected = {{std::u16string(kCompiler) + u" /X",
+                                                        ProgramWindow::kNormal, u"C:\\HOTAS",
+                                                        std::u16string(kCompiler)}};
   EXPECT_EQ(programs.started, expected);
 }
 

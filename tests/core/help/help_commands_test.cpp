@@ -66,7 +66,7 @@ TEST_F(HelpCommandsTest, AppsStartInTheirFolder) {
     commands.mnuAppsArray(c.index);
     EXPECT_EQ(programs.started.back(),
               (FakePrograms::Started{std::u16string(c.path), ProgramWindow::kNormal,
-                                     u"D:\\Cougar\\Host"}));
+                                     u"D:\\Cougar\\Host", std::u16string(c.path)}));
   }
   EXPECT_TRUE(prompts.shown.empty());
 }

@@ -39,11 +39,6 @@ int Program::Run() {
   return loop_.Run();
 }
 
-// Boxes of the start stand alone: nobody has seen the window yet.
-HWND Program::OwnerOfBoxes() const {
-  return IsWindowVisible(window_.Handle()) ? window_.Handle() : nullptr;
-}
-
 // Behind the key tester, which has signed itself on.
 void Program::FilterMessages() {
   loop_.AddFilter([this](MSG& message) { return window_.Watch(message); });

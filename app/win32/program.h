@@ -13,6 +13,7 @@
 #include "help/win32/info_window.h"
 #include "keytest/win32/key_test_form.h"
 #include "platform/background_thread.h"
+#include "platform/win32/box_owner.h"
 #include "platform/win32/message_loop.h"
 #include "platform/win32/ole.h"
 #include "platform/win32/win32_clipboard.h"
@@ -56,7 +57,6 @@ class Program {
     Ole ole_;
   };
 
-  HWND OwnerOfBoxes() const;
   void FilterMessages();
   void ConnectWindow();
   void ConnectMacroPanel();
@@ -71,8 +71,8 @@ class Program {
   Win32Files files_;
   BackgroundThread background_;
   Win32ProfileFiles profiles_{codePage_};
-  Win32FileDialogs dialogs_{[this] { return OwnerOfBoxes(); }};
-  Win32Prompts prompts_{[this] { return OwnerOfBoxes(); }};
+  Win32FileDialogs dialogs_{[this] { return OwnerOfBoxes(window_.Handle()); }};
+  Win32Prompts prompts_{[this] { return OwnerOfBoxes(window_.Handle()); }};
   Win32Programs programs_;
   Win32EventLoop eventLoop_{window_.Handle(), loop_};
   Win32Keyboard keyboard_;
@@ -80,7 +80,7 @@ class Program {
   Win32HelpSystem help_{window_.Handle()};
   InfoWindow infoWindow_{window_.Handle(), loop_};
   FindAndReplaceWindow findDialog_{window_.Handle(), loop_};
-  Win32Printer printer_{[this] { return OwnerOfBoxes(); }};
+  Win32Printer printer_{[this] { return OwnerOfBoxes(window_.Handle()); }};
   Win32Clipboard clipboard_{[this] { return window_.Handle(); }};
   Editor editor_;
 };

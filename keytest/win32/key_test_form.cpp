@@ -13,6 +13,7 @@
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/window_front.h"
 #include "platform/win32/window_place.h"
 
 namespace deck {
@@ -122,15 +123,15 @@ void KeyTestForm::Open() {
 }
 
 void KeyTestForm::Show() {
-  ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
-  SetForegroundWindow(window_);
+  ShowInFront(window_);
 }
 
 void KeyTestForm::Close() {
   if (window_ == nullptr) return;
   // A window that is not known any more reports nothing.
   const HWND window = std::exchange(window_, nullptr);
-  ShowMenuBar(window, true);  // so that the menus end with it
+  windowsBeside_.OnEnable(window, true);  // a box in front of it ends with it
+  ShowMenuBar(window, true);              // so that the menus end with it
   DestroyWindow(window);
 }
 

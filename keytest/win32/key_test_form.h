@@ -17,6 +17,7 @@
 #include "keytest/key_test_layout.h"
 #include "keytest/key_test_view.h"
 #include "keytest/win32/key_log_box.h"
+#include "platform/win32/box_owner.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/message_loop.h"
 
@@ -97,6 +98,7 @@ class KeyTestForm : public KeyTestView {
   std::optional<LOGFONTW> chosenFont_;
   int chosenSize_ = 0;  // tenths of a point
   KeyTestLook look_;
+  WindowsBeside windowsBeside_;
   int dpi_ = 96;
   bool placing_ = false;  // the place is set by Place: no size that the system suggests counts
 };

@@ -95,6 +95,9 @@ std::optional<LRESULT> KeyTestForm::Handle(UINT message, WPARAM wParam, LPARAM l
       return std::nullopt;
     case WM_HELP:
       return TRUE;
+    case WM_ENABLE:
+      windowsBeside_.OnEnable(window_, wParam != 0);
+      return 0;
     case WM_SETFOCUS:
       SetFocus(namesBox_.Handle());
       return 0;

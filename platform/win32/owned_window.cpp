@@ -1,12 +1,14 @@
 #include "platform/win32/owned_window.h"
 
+#include "platform/win32/wine.h"
+
 namespace deck {
 namespace {
 
 // Wine hands minimising over to the window manager of the desktop around it, and many of those take
 // a window and its owner for one thing: the program would be gone from the screen.
 bool MinimisesWithOwner() {
-  return GetProcAddress(GetModuleHandleW(L"ntdll.dll"), "wine_get_version") != nullptr;
+  return RunsUnderWine();
 }
 
 }  // namespace

@@ -5,6 +5,8 @@
 #include <random>
 #include <string>
 
+#include "tests/core/keytest/plain_key_tester.h"
+
 namespace deck {
 namespace {
 
@@ -48,6 +50,20 @@ TEST(KeyTestRules, HoldForAnySequenceOfEvents) {
       const int modifiers = dice.Below(8) == 0 ? dice.Below(65536) - 32768 : dice.Below(8);
       tester.Do(dice.Below(8), static_cast<std::int16_t>(code),
                 static_cast<std::int16_t>(modifiers));
+    }
+  }
+}
+
+TEST(KeyTestRules, AgreeStepByStepWithTheMachineOnAnyKeys) {
+  Dice dice(3);
+  for (int round = 0; round < 200; ++round) {
+    ComparedKeyTester tester(RandomTable(dice));
+    for (int event = 0; event < 300; ++event) {
+      const int code = dice.Below(8) == 0 ? dice.Below(65536) - 32768 : dice.Below(256);
+      const int mask = dice.Below(8) == 0 ? dice.Below(65536) - 32768 : dice.Below(128);
+      ASSERT_TRUE(tester.Do(dice.Below(8), static_cast<std::int16_t>(code),
+                            static_cast<std::int16_t>(mask)))
+          << "round " << round << ", event " << event;
     }
   }
 }

@@ -160,6 +160,28 @@ TEST_F(EndOrder, SettingsComeFirstThenFindQuickHelpKeyTesterAndHelp) {
                    }));
 }
 
+TEST_F(EndOrder, TheTicksOfTheMenusAreKeptAndShown) {
+  profiles.SetText(kOwnIni,
+                   u"[Miscellaneous]\r\nEnableJoystick=1\r\nRunAppsWithDownload=0\r\n"
+                   u"[Unsupported]\r\nIndentAsWell=0\r\n");
+  Start();
+  const auto ticked = [this](CommandId command) { return view.commands[command].checked; };
+  EXPECT_TRUE(ticked(CommandId::kEnableAfterDownload));
+  EXPECT_FALSE(ticked(CommandId::kIgnoreRunApp));
+  EXPECT_FALSE(ticked(CommandId::kIndentWhenAligning));
+  for (const CommandId command : {CommandId::kEnableAfterDownload, CommandId::kIgnoreRunApp,
+                                  CommandId::kIndentWhenAligning}) {
+    const bool before = ticked(command);
+    editor.Execute(command);
+    EXPECT_EQ(ticked(command), !before);
+  }
+  ASSERT_TRUE(editor.QueryUnload());
+  editor.Unload();
+  EXPECT_EQ(Own(u"Miscellaneous", u"EnableJoystick"), u"0");
+  EXPECT_EQ(Own(u"Miscellaneous", u"RunAppsWithDownload"), u"1");
+  EXPECT_EQ(Own(u"Miscellaneous", u"IndentAsWell"), u"1");
+}
+
 TEST_F(EndOrder, AMinimisedWindowKeepsThePlaceOfTheLastEnd) {
   profiles.SetText(kOwnIni, u"[Miscellaneous]\r\nEditorTopAtStartup=30\r\nEditorWindowstate=0\r\n");
   Start();

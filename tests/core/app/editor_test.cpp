@@ -125,6 +125,24 @@ TEST_F(StartTest, MakesARelativeStartupFileAbsolute) {
   EXPECT_EQ(files.Content(u"C:\\Work\\a.tmj"), "yx");
 }
 
+TEST_F(StartTest, PrintingTakesTheCurrentDocument) {
+  files.AddFile(u"C:\\a.tmj", "BTN S1 X\r\n");
+  Start(u"WrenDeck.exe C:\\a.tmj");
+  editor.Execute(CommandId::kPrinterSetup);
+  EXPECT_EQ(printer.setups, 1);
+  editor.Execute(CommandId::kPrint);
+  ASSERT_EQ(printer.finished.size(), 1u);
+  EXPECT_EQ(printer.finished[0].pages[0].lines[0], u"a.tmj");
+}
+
+TEST_F(StartTest, ATickOfTheTimerThatNobodyStartsOnlyLooksAtTheModesStatus) {
+  Start();
+  const std::size_t writes = profiles.writes.size();
+  editor.OnTimer(TimerId::kStatusModeTimer);
+  EXPECT_EQ(profiles.writes.size(), writes);
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
 TEST_F(StartTest, IgnoresACommandLineThatNamesNoFile) {
   for (const std::u16string_view line : {u"WrenDeck.exe C:\\missing.tmj", u"WrenDeck.exe C:\\Host",
                                          u"WrenDeck.exe C:\\Host\\*.exe", u"WrenDeck.exe /help"}) {

@@ -521,6 +521,21 @@ TEST_F(FileSaveTest, KeepsNewerTextOnDiskBesideTheFile) {
   EXPECT_EQ(files.Content(u"C:\\a.tmj.bak2"), "newest");
 }
 
+TEST_F(FileSaveTest, WithoutAFreeNameForNewerTextNothingIsWritten) {
+  files.AddFile(u"C:\\a.tmj", "old");
+  Open(u"C:\\a.tmj");
+  Box().Type(u"x");
+  files.AddFile(u"C:\\a.tmj", "newer");
+  files.AddFile(u"C:\\a.tmj.bak", "kept");
+  for (int number = 2; number <= 9999; ++number) {
+    files.AddFile(u"C:\\a.tmj.bak" + Decimal(number), "kept");
+  }
+  EXPECT_FALSE(commands.FileSave());
+  EXPECT_EQ(files.Content(u"C:\\a.tmj"), "newer");
+  EXPECT_EQ(documents.Current().modifiedFlag, 1);
+  EXPECT_EQ(prompts.shown.back().title, u"Can't save file");
+}
+
 TEST_F(FileSaveTest, MakesNoCopyOfItsOwnText) {
   OpenNew(u"C:\\a.tmj", "old");
   Box().Type(u"x");

@@ -106,9 +106,21 @@ TEST_F(KeyCodeFileTest, NamesAreReadInTheCodePageOfTheSystem) {
   EXPECT_EQ(*Load()->NameOf(186), u"\u00E9\u20AC");
 }
 
+// Of two bytes for each character above ASCII, as in the East.
+class DoubleByteCodePage : public CodePage {
+ public:
+  std::optional<std::u16string> Decode(std::string_view bytes) const override {
+    if (bytes.find('\x81') != std::string_view::npos) return std::nullopt;
+    return std::u16string(bytes.begin(), bytes.end());
+  }
+  std::optional<std::string> Encode(std::u16string_view) const override { return std::nullopt; }
+};
+
 TEST_F(KeyCodeFileTest, BytesThatTheCodePageDoesNotKnowSpoilNoOtherLine) {
   files.AddFile(kTable, "65,A\r\n66,\x81\r\n67,C\r\n");
-  const std::optional<KeyCodeTable> table = Load();
+  const DoubleByteCodePage doubleByte;
+  const std::optional<KeyCodeTable> table =
+      GetMappedCharacters(kHost, {files, prompts, events, doubleByte});
   EXPECT_EQ(*table->NameOf(65), u"A");
   EXPECT_EQ(*table->NameOf(66), u"\u0081");
   EXPECT_EQ(*table->NameOf(67), u"C");

@@ -22,6 +22,14 @@ std::u16string SelectedText(const EditBox& box) {
   return span.length == 0 ? std::u16string() : Part(box.Text(), span);
 }
 
+// Where the character behind the match is. Behind a match that ends its line that is the first one
+// of the next line, and not the break between them.
+int BehindMatch(std::u16string_view text, TextSpan match) {
+  const auto end = static_cast<std::size_t>(match.end());
+  const bool endsLine = end < text.size() && text[end] == u'\n' && text[end - 1] != u'\n';
+  return endsLine ? match.end() + 1 : match.end();
+}
+
 FindControl FieldOf(FindPage page) {
   switch (page) {
     case FindPage::kReplace:
@@ -212,7 +220,7 @@ void FindAndReplace::Found(const FindControls& controls, const Match& match) {
   SetUnderWay(controls, true);
   SetMatch(controls.button == FindControl::kCommand3 ? match : Match{});
   view_.SetDefaultButton(controls.button);
-  ShowSelection(box, state_.searchStart);
+  ShowSelection(box, BehindMatch(box.Text(), match.span));
 }
 
 void FindAndReplace::NotFound(const FindControls& controls, const Document& document) {

@@ -33,7 +33,7 @@ class EditBox {
   // What the box tells its owner. Unset functions are not called.
   struct Events {
     std::function<void()> changed;         // the user or the program edited the text; not for Load
-    std::function<void()> keyOrMouseDone;  // a key or mouse button went up in the box
+    std::function<void()> keyOrMouseDone;  // a key pressed in the box, or a mouse button, went up
     std::function<void()> mouseMoved;      // the pointer moved over the box
     std::function<void()> entered;         // the box got the keyboard focus
   };

@@ -15,6 +15,7 @@
 
 #include <windows.h>
 
+#include <bitset>
 #include <functional>
 #include <optional>
 #include <string>
@@ -127,6 +128,7 @@ class RichEditBox final : public EditBox {
   Win32Clipboard clipboard_{[this] { return control_; }};
   UndoableText text_;
   std::optional<RECT> place_;  // still to be taken
+  std::bitset<256> pressed_;   // keys that went down in the box, by virtual-key code
   bool visible_ = false;
   bool updating_ = false;    // the control changes because this object changes it
   bool rebuilding_ = false;  // the focus goes from the old control to the new one

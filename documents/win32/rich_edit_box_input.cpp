@@ -86,6 +86,7 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
+      pressed_.set(wParam & 0xFF);
       if (OnKeyDown(static_cast<int>(wParam))) return 0;
       // The control has meanings of its own for Alt and a letter.
       if (message == WM_SYSKEYDOWN) return DefWindowProcW(window, message, wParam, lParam);
@@ -100,7 +101,8 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KEYUP:
     case WM_SYSKEYUP:
       if (wParam == VK_APPS) OnContextMenu(CaretPlace());
-      Raise(events_.keyOrMouseDone);
+      if (pressed_.test(wParam & 0xFF)) Raise(events_.keyOrMouseDone);
+      pressed_.reset(wParam & 0xFF);
       if (wParam == VK_APPS) return 0;
       if (message == WM_SYSKEYUP) return DefWindowProcW(window, message, wParam, lParam);
       break;
@@ -141,7 +143,10 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_SETFOCUS: {
       const LRESULT result = CallSubclassed(window, message, wParam, lParam);
-      if (!rebuilding_) Raise(events_.entered);
+      if (rebuilding_) return result;
+      // The key that brought the focus here was pressed elsewhere.
+      pressed_.reset();
+      Raise(events_.entered);
       return result;
     }
     default:

@@ -143,9 +143,9 @@ class Finding(FindTest):
         self.editor.key("F3")
         self.wait_selection(self.editor, 16, 19)
         self.editor.key("F3")
-        # The match ends its line: the panel tells the line of what follows... here the line break.
+        # The match ends its line: the panel tells the line of what follows.
         self.wait_selection(self.editor, 34, 37)
-        self.wait_panel(self.editor, 2, "Line no: 4")
+        self.wait_panel(self.editor, 2, "Line no: 5")
         self.editor.key("F3")
         self.answer_box("You found 'em all!",
                         f'No further instances of "gun" found in "{CAPTION}"')
@@ -205,6 +205,7 @@ class Finding(FindTest):
         self.editor.type("three")
         self.editor.key("Return")
         self.wait_selection(self.editor, 23, 28)
+        self.wait_panel(self.editor, 2, "Line no: 4")
         self.open_dialog("ctrl+f")
         self.assertEqual(["two", "three"], self.control(FIND_WHAT).combo()["items"])
         self.editor.key("Up")

@@ -55,6 +55,7 @@ RealEditBoxDriver::RealEditBoxDriver()
 }
 
 void RealEditBoxDriver::Type(std::u16string_view text) {
+  Send(WM_KEYDOWN, 'A', 1);
   for (const char16_t character : text) {
     Send(WM_CHAR, character == u'\n' ? u'\r' : character, 1);
   }
@@ -62,8 +63,9 @@ void RealEditBoxDriver::Type(std::u16string_view text) {
 }
 
 void RealEditBoxDriver::MoveCaret(TextSpan selection) {
+  Send(WM_KEYDOWN, VK_SHIFT, 1);
   box_.Select(selection);
-  Send(WM_KEYUP, VK_RIGHT, 0);
+  Send(WM_KEYUP, VK_SHIFT, 0);
 }
 
 void RealEditBoxDriver::MoveMouse() {

@@ -463,6 +463,35 @@ TEST_F(RichEditBoxTest, TellsWhenAMouseButtonGoesUp) {
   EXPECT_EQ(events().keyOrMouseDone, 1);
 }
 
+// Enter in a dialog that brings the focus here, or a shortcut of the window.
+TEST_F(RichEditBoxTest, AKeyThatWasPressedElsewhereIsNoneOfItsOwn) {
+  box().Load(u"text");
+  box().SetVisible(true);
+  box().Focus();
+  driver_.Send(WM_KEYUP, VK_RETURN, 1);
+  EXPECT_EQ(events().keyOrMouseDone, 0);
+  driver_.Send(WM_KEYDOWN, VK_RIGHT, 1);
+  driver_.Send(WM_KEYUP, VK_F3, 1);
+  EXPECT_EQ(events().keyOrMouseDone, 0);
+  driver_.Send(WM_KEYUP, VK_RIGHT, 1);
+  EXPECT_EQ(events().keyOrMouseDone, 1);
+  driver_.Send(WM_KEYDOWN, VK_RIGHT, 1);
+  SetFocus(driver_.window());
+  box().Focus();
+  driver_.Send(WM_KEYUP, VK_RIGHT, 1);
+  EXPECT_EQ(events().keyOrMouseDone, 1);
+}
+
+TEST_F(RichEditBoxTest, AKeyStaysPressedWhileTheControlIsReplaced) {
+  box().Load(u"text");
+  box().SetVisible(true);
+  box().Focus();
+  driver_.Send(WM_KEYDOWN, VK_CONTROL, 1);
+  box().RefreshFont();
+  driver_.Send(WM_KEYUP, VK_CONTROL, 1);
+  EXPECT_EQ(events().keyOrMouseDone, 1);
+}
+
 TEST_F(RichEditBoxTest, AMessageWithoutMovementIsNone) {
   driver_.Send(WM_MOUSEMOVE, 0, MAKELPARAM(40, 40));
   driver_.Send(WM_MOUSEMOVE, 0, MAKELPARAM(40, 40));

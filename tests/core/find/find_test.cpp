@@ -175,6 +175,7 @@ struct LineCase {
   std::u16string panel;
 };
 
+// Behind a match that ends its line that is the next line, if there is one.
 class LineShown : public FindFixture, public testing::WithParamInterface<LineCase> {};
 
 TEST_P(LineShown, IsThatOfTheCharacterBehindTheMatch) {
@@ -186,9 +187,12 @@ TEST_P(LineShown, IsThatOfTheCharacterBehindTheMatch) {
 
 INSTANTIATE_TEST_SUITE_P(Places, LineShown,
                          testing::Values(LineCase{u"one\ntwo\nthree", u"tw", u"Line no: 2"},
-                                         LineCase{u"one\ntwo\nthree", u"two", u"Line no: 2"},
+                                         LineCase{u"one\ntwo\nthree", u"two", u"Line no: 3"},
                                          LineCase{u"one\ntwo\nthree", u"two\n", u"Line no: 3"},
+                                         LineCase{u"one\ntwo\n\nfour", u"two", u"Line no: 3"},
+                                         LineCase{u"one\ntwo\n\nfour", u"two\n", u"Line no: 3"},
                                          LineCase{u"one\ntwo\nthree", u"three", u"Line no: 3"},
+                                         LineCase{u"one\ntwo\n", u"two", u"Line no: 3"},
                                          LineCase{u"one\ntwo\n", u"two\n", u"Line no: 3"}));
 
 TEST_F(FindTest, TypingOrPickingStartsAgain) {

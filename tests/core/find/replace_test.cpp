@@ -221,6 +221,16 @@ TEST_F(ReplaceTest, LeavesAnotherSelectionAlone) {
   }
 }
 
+TEST_F(ReplaceTest, LeavesTheSameTextInAnotherPlaceAlone) {
+  Box().Load(u"one one");
+  OpenReplace(u"one", u"1");
+  FindNext();
+  Box().Select({4, 3});
+  dialog.Click(kCommand5);
+  EXPECT_EQ(Box().Text(), u"one one");
+  EXPECT_TRUE(CannotReplace());
+}
+
 TEST_F(ReplaceTest, LeavesTextAloneThatTookThePlaceOfTheMatch) {
   Box().Load(u"one two");
   OpenReplace(u"one", u"1");

@@ -34,8 +34,8 @@ constexpr UINT_PTR kTimer1 = 1;
 // The icon of the program, which has the lowest number.
 constexpr WORD kProgramIcon = 1;
 
-constexpr const wchar_t* kWarningText =
-    L"The controllers are not in programmed mode. Click here to read more.";
+// Short enough for the least width of the window.
+constexpr const wchar_t* kWarningText = L"The controllers are not in programmed mode. Click here.";
 
 void RegisterFormClass(WNDPROC procedure) {
   WNDCLASSEXW description{};

@@ -431,6 +431,26 @@ TEST_F(KeyTestFormTest, ThereIsALeastSize) {
   EXPECT_GT(names.bottom - names.top, 50);
 }
 
+TEST_F(KeyTestFormTest, TheWarningIsNotCutAtTheLeastSize) {
+  report.buttons = 0;
+  Open();
+  SetWindowPos(form.Handle(), nullptr, 0, 0, 10, 10, SWP_NOMOVE | SWP_NOZORDER);
+  const HWND warning = Control(ControlId::kLblModeWarning);
+  ASSERT_TRUE(IsWindowVisible(warning));
+  wchar_t text[100] = L"";
+  const int length = GetWindowTextW(warning, text, 100);
+  const HDC context = GetDC(warning);
+  const HGDIOBJ previous =
+      SelectObject(context, reinterpret_cast<HGDIOBJ>(SendMessageW(warning, WM_GETFONT, 0, 0)));
+  SIZE needed{};
+  GetTextExtentPoint32W(context, text, length, &needed);
+  SelectObject(context, previous);
+  ReleaseDC(warning, context);
+  const RECT room = InForm(form.Handle(), warning);
+  EXPECT_LE(needed.cx, room.right - room.left);
+  EXPECT_LE(needed.cy, room.bottom - room.top);
+}
+
 TEST_F(KeyTestFormTest, TheWindowComesBackWhereItWas) {
   SetSettings(
       u"KeyTopAtStartup=1200\r\nKeyLeftAtStartup=1500\r\nKeyWidthAtStartup=10500\r\n"

@@ -43,30 +43,36 @@ void RecentFileList::AddRecentFile(const std::u16string& path) {
     if (recentFiles_.size() > maximum) recentFiles_.resize(maximum);
   }
   view_.SetRecentFiles(recentFiles_);
-  WriteCount();
-  WritePaths();
+  std::vector<ProfileText> texts = Paths();
+  texts.insert(texts.begin(), Count());
+  Write(texts);
 }
 
 void RecentFileList::Clear() {
   const std::size_t entries = recentFiles_.size();
   recentFiles_.assign(entries, u"");
-  WritePaths();
+  std::vector<ProfileText> texts = Paths();
   recentFiles_.clear();
-  WriteCount();
+  texts.push_back(Count());
+  Write(texts);
   view_.SetRecentFiles(recentFiles_);
 }
 
-// The list is a convenience: what cannot be stored is simply not there at the next start.
-void RecentFileList::WriteCount() {
-  static_cast<void>(profiles_.WriteText(settings_.SettingsPath, kSection, kCount,
-                                        Decimal(static_cast<int>(recentFiles_.size()))));
+ProfileText RecentFileList::Count() const {
+  return {std::u16string(kCount), Decimal(static_cast<int>(recentFiles_.size()))};
 }
 
-void RecentFileList::WritePaths() {
-  int entry = 0;
+std::vector<ProfileText> RecentFileList::Paths() const {
+  std::vector<ProfileText> texts;
   for (const std::u16string& path : recentFiles_) {
-    static_cast<void>(profiles_.WriteText(settings_.SettingsPath, kSection, KeyOf(++entry), path));
+    texts.push_back({KeyOf(static_cast<int>(texts.size()) + 1), path});
   }
+  return texts;
+}
+
+// The list is a convenience: what cannot be stored is simply not there at the next start.
+void RecentFileList::Write(const std::vector<ProfileText>& texts) {
+  static_cast<void>(profiles_.WriteTexts(settings_.SettingsPath, kSection, texts));
 }
 
 }  // namespace deck

@@ -27,8 +27,9 @@ class RecentFileList {
   const std::vector<std::u16string>& RecentFiles() const { return recentFiles_; }
 
  private:
-  void WriteCount();
-  void WritePaths();
+  ProfileText Count() const;
+  std::vector<ProfileText> Paths() const;
+  void Write(const std::vector<ProfileText>& texts);
 
   ProfileFiles& profiles_;
   MainWindowView& view_;

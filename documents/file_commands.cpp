@@ -109,6 +109,7 @@ bool FileCommands::OpenAgain(const std::u16string& path) {
 
 void FileCommands::Load(const std::u16string& path) {
   status_.Say(std::u16string(kOpening));
+  status_.PaintNow();  // a long file takes its time, and a slow disk even more
   // Everything that can fail comes before anything is touched.
   Result<FileContent> content = ReadFileContent(ports_.files, ports_.codePage, path);
   if (!content) return CannotOpen(path, content.problem().reason);

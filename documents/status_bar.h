@@ -31,6 +31,8 @@ class StatusBar {
   // The message panel.
   void Say(std::u16string text) { Set(kMessagePanel, std::move(text)); }
   const std::u16string& Message() const { return Text(kMessagePanel); }
+  // What was said is seen before the next step, however long that takes.
+  void PaintNow() { view_.RefreshPanels(); }
   // The result of a compile or download stands until the next command.
   bool ShowsCompileResult() const;
   // A text that the pointer brings up: never over a compile result, and written only once.

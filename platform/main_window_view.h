@@ -72,8 +72,9 @@ class MainWindowView {
   virtual void PositionControls(int macroFrameWidth) = 0;
   // Where the system has no taskbar, or none that can tell, nothing is shown there.
   virtual void ShowWork(WorkState state) = 0;
-  // Repaints at once.
+  // Repaints at once: everything, or the panels only.
   virtual void Refresh() = 0;
+  virtual void RefreshPanels() = 0;
 
   virtual WindowPlacement Placement() const = 0;
   // Moves a window that would lie outside every monitor onto the nearest one.

@@ -3,11 +3,17 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace deck {
 
 // Buffer of a text value in characters of the code page, the terminator included.
 inline constexpr int kProfileTextBuffer = 500;
+
+struct ProfileText {
+  std::u16string key;
+  std::u16string value;
+};
 
 class ProfileFiles {
  public:
@@ -25,6 +31,11 @@ class ProfileFiles {
   // Creates the file when missing. False when nothing was written.
   virtual bool WriteText(const std::u16string& file, std::u16string_view section,
                          std::u16string_view key, std::u16string_view value) = 0;
+  // Keys and values of one section at once, which costs no more than one of them does and leaves a
+  // program that is killed no half-written list. Other keys stay; comments in the section go.
+  // False when something was not written.
+  virtual bool WriteTexts(const std::u16string& file, std::u16string_view section,
+                          const std::vector<ProfileText>& texts) = 0;
 };
 
 }  // namespace deck

@@ -236,6 +236,10 @@ void MainWindow::Refresh() {
   RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
+void MainWindow::RefreshPanels() {
+  UpdateWindow(status_->Handle());
+}
+
 WindowPlacement MainWindow::Placement() const {
   const Rectangle place = NormalPlace(window_);
   WindowPlacement placement{

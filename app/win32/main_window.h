@@ -81,6 +81,7 @@ class MainWindow : public MainWindowView {
   void PositionControls(int macroFrameWidth) override;
   void ShowWork(WorkState state) override;
   void Refresh() override;
+  void RefreshPanels() override;
   WindowPlacement Placement() const override;
   void Place(const WindowPlacement& placement) override;
   std::pair<float, float> ScreenSize() const override;

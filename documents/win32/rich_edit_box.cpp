@@ -172,7 +172,7 @@ int RichEditBox::StartOfLine(int line) const {
 
 void RichEditBox::Place(const RECT& place) {
   place_ = place;
-  if (visible_) MoveToPlace();
+  if (visible_ || Length() == 0) MoveToPlace();
 }
 
 void RichEditBox::SetVisible(bool visible) {
@@ -230,7 +230,7 @@ void RichEditBox::Rebuild() {
 }
 
 // The system's control lays all its lines out anew when its width changes, even with the same lines
-// as a result; what is hidden waits for that until it is shown.
+// as a result; a hidden text waits for that until it is shown.
 void RichEditBox::MoveToPlace() {
   if (control_ == nullptr || !place_) return;
   const RECT place = *std::exchange(place_, std::nullopt);

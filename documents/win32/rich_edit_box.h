@@ -76,7 +76,7 @@ class RichEditBox final : public EditBox {
   void Redo();
   bool CanRedo() const { return text_.CanRedo(); }
 
-  // In the parent, from when it is next visible on.
+  // In the parent; a box with text goes there when it is next visible.
   void Place(const RECT& place);
   // Another one after each call that changes the text or the font.
   HWND Window() const { return control_; }

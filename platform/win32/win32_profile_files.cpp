@@ -4,6 +4,9 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
+#include <optional>
+#include <utility>
 
 #include "platform/strings.h"
 #include "platform/text_encoding.h"
@@ -12,12 +15,50 @@
 namespace deck {
 namespace {
 
+// What every system takes in one call, in bytes.
+constexpr std::size_t kLongestSection = 32767;
+
 // The form of names that the system made up for old programs, or the path itself without one.
 std::u16string ShortPath(const std::u16string& path) {
   std::array<wchar_t, MAX_PATH> buffer{};
   const DWORD length = GetShortPathNameW(Wide(path), buffer.data(), buffer.size());
   if (length == 0 || length >= buffer.size()) return path;
   return FromWide({buffer.data(), length});
+}
+
+std::u16string_view TrimBlanksAndTabs(std::u16string_view text) {
+  constexpr std::u16string_view kBlanks = u" \t";
+  text.remove_prefix(std::min(text.find_first_not_of(kBlanks), text.size()));
+  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
+}
+
+// "key=value" of each line of the section; nothing when it is too long to be read whole.
+std::optional<std::vector<std::string>> ReadSection(const std::string& path,
+                                                    const std::string& section) {
+  std::string buffer(kLongestSection, '\0');
+  const DWORD length = GetPrivateProfileSectionA(section.c_str(), buffer.data(),
+                                                 static_cast<DWORD>(buffer.size()), path.c_str());
+  if (length + 2 >= buffer.size()) return std::nullopt;
+  std::vector<std::string> lines;
+  for (const char* line = buffer.data(); *line != '\0'; line += lines.back().size() + 1) {
+    lines.emplace_back(line);
+  }
+  return lines;
+}
+
+// The first line with this key, in any case, is the one that counts.
+void SetLine(std::vector<std::string>& lines, const std::string& key, const std::string& value) {
+  const auto hasKey = [&key](const std::string& line) {
+    const std::string_view found = std::string_view(line).substr(0, line.find('='));
+    const std::size_t end = found.find_last_not_of(" \t") + 1;
+    return end == key.size() && _strnicmp(line.c_str(), key.c_str(), end) == 0;
+  };
+  const auto line = std::ranges::find_if(lines, hasKey);
+  if (line == lines.end()) {
+    lines.push_back(key + '=' + value);
+  } else {
+    *line = key + '=' + value;
+  }
 }
 
 }  // namespace
@@ -48,6 +89,29 @@ bool Win32ProfileFiles::WriteText(const std::u16string& file, std::u16string_vie
   const std::string path = EncodedPath(file);
   return !path.empty() && WritePrivateProfileStringA(Encoded(section).c_str(), Encoded(key).c_str(),
                                                      Encoded(value).c_str(), path.c_str());
+}
+
+bool Win32ProfileFiles::WriteTexts(const std::u16string& file, std::u16string_view section,
+                                   const std::vector<ProfileText>& texts) {
+  const std::string path = EncodedPath(file);
+  if (path.empty()) return false;
+  const std::string name = Encoded(section);
+  std::optional<std::vector<std::string>> lines = ReadSection(path, name);
+  if (!lines) return WriteOneByOne(file, section, texts);
+  for (const ProfileText& text : texts) {
+    SetLine(*lines, Encoded(text.key), Encoded(TrimBlanksAndTabs(text.value)));
+  }
+  std::string all;
+  for (const std::string& line : *lines) all += line + '\0';
+  if (all.size() >= kLongestSection) return WriteOneByOne(file, section, texts);
+  return WritePrivateProfileSectionA(name.c_str(), all.c_str(), path.c_str()) != 0;
+}
+
+bool Win32ProfileFiles::WriteOneByOne(const std::u16string& file, std::u16string_view section,
+                                      const std::vector<ProfileText>& texts) {
+  return std::ranges::all_of(texts, [&](const ProfileText& text) {
+    return WriteText(file, section, text.key, text.value);
+  });
 }
 
 std::string Win32ProfileFiles::Encoded(std::u16string_view text) const {

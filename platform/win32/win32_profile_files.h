@@ -19,9 +19,13 @@ class Win32ProfileFiles : public ProfileFiles {
                           int buffer = kProfileTextBuffer) const override;
   bool WriteText(const std::u16string& file, std::u16string_view section, std::u16string_view key,
                  std::u16string_view value) override;
+  bool WriteTexts(const std::u16string& file, std::u16string_view section,
+                  const std::vector<ProfileText>& texts) override;
 
  private:
   std::string Encoded(std::u16string_view text) const;
+  bool WriteOneByOne(const std::u16string& file, std::u16string_view section,
+                     const std::vector<ProfileText>& texts);
   // The path in the code page; empty when it has no form there.
   std::string EncodedPath(const std::u16string& path) const;
 

@@ -14,14 +14,13 @@
 namespace deck {
 namespace {
 
-constexpr int kLongestRecentList = 30;
 constexpr int kDpi = 96;
 constexpr wchar_t kBareClass[] = L"WrenDeckBareControls";
 
 void Require(bool done, const char* what) {
   if (done) return;
   std::printf("Nothing was measured: %s\n", what);
-  std::exit(1);
+  std::exit(2);
 }
 
 void WriteTextFile(const std::u16string& path, const std::u16string& text) {

@@ -4,6 +4,7 @@
 
 #include <windows.h>
 
+#include <cstdint>
 #include <memory>
 #include <string>
 
@@ -11,6 +12,9 @@
 #include "tests/contract/win32/temporary_folder.h"
 
 namespace deck {
+
+// Entries of a full list of recent files.
+inline constexpr std::int16_t kLongestRecentList = 30;
 
 // The program's folder. Files are written with CR LF and in ASCII.
 class ApplicationFolder {

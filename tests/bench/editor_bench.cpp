@@ -12,6 +12,7 @@
 #include <string>
 #include <vector>
 
+#include "app/recent_files.h"
 #include "compiler/highlight_error_line.h"
 #include "documents/win32/rich_edit_control.h"
 #include "platform/control_ids.h"
@@ -28,7 +29,7 @@ struct Size {
   int lines;
   int rounds;
 };
-constexpr Size kSizes[] = {{200, 15}, {2'000, 9}, {10'000, 5}};
+constexpr Size kSizes[] = {{200, 15}, {2'000, 9}, {10'000, 3}};
 constexpr int kLinesWith2000Macros = 2'300;
 
 constexpr double kMostOpeningRatio = 1.15;
@@ -202,6 +203,53 @@ void MeasureOpenings() {
   std::printf("\n");
 }
 
+// ---- What opening does besides loading the control.
+
+double CostOfRecentFiles() {
+  const ApplicationFolder folder;
+  folder.FillRecentFiles();
+  Session session(folder);
+  const Win32CodePage codePage;
+  Win32ProfileFiles profiles(codePage);
+  Settings settings;
+  settings.SettingsPath = folder.In(u"WrenDeck.ini");
+  settings.MaxPreviousFiles = kLongestRecentList;
+  RecentFileList recentFiles(profiles, session.TheProgram().Window(), settings);
+  recentFiles.LoadRecentFiles();
+  Costs costs;
+  for (int round = 0; round < 15; ++round) {
+    costs.Add(CostOf([&] { recentFiles.AddRecentFile(folder.In(u"new" + Decimal(round))); }));
+  }
+  return costs.Median();
+}
+
+double CostOfMacros(int lines) {
+  const ApplicationFolder folder;
+  Session session(folder);
+  folder.AddPair(u"one", 1, lines);
+  folder.AddPair(u"two", 1, lines);
+  Costs costs;
+  for (int round = 0; round < 9; ++round) {
+    const std::u16string path = folder.In(round % 2 == 0 ? u"one.tmm" : u"two.tmm");
+    costs.Add(CostOf([&] {
+      session.TheEditor().Macros().ShowMacrosOf(path);
+      session.Pump();
+    }));
+  }
+  return costs.Median();
+}
+
+void MeasureParts() {
+  std::printf("parts of opening besides the controls (medians, ms)\n");
+  std::printf("  a full list of recent files, once per file %8.1f\n", CostOfRecentFiles());
+  for (const Size& size : kSizes) {
+    std::printf("  macros of %6d lines read and shown       %8.1f\n", size.lines,
+                CostOfMacros(size.lines));
+  }
+  std::printf("\n");
+  std::fflush(stdout);
+}
+
 // ---- Tabs.
 
 double MeasureSwitch(Session& session, int from, int to) {
@@ -339,6 +387,7 @@ void MeasureMessages() {
 int Run(int argumentCount, wchar_t** arguments) {
   MeasureStart();
   if (argumentCount > 1) MeasureProcessStart(FromWide(arguments[1]));
+  MeasureParts();
   MeasureOpenings();
   MeasureTabSwitches();
   MeasureMessages();

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/strings.h"
 #include "tests/contract/worlds.h"
 
 namespace deck {
@@ -163,9 +164,46 @@ TEST_F(ProfileFilesContract, SeesAtOnceWhatOthersWrote) {
   }
 }
 
+TEST_F(ProfileFilesContract, WritesSeveralValuesAtOnceAndLeavesAllOthers) {
+  world_->SetContent(
+      u"[Before]\r\nOne=before\r\n[Texts]\r\nOther= \" x "
+      u"\"\r\nTWO=2\r\nLater=later\r\n[Numbers]\r\n"
+      u"One=1\r\n");
+  ASSERT_TRUE(
+      profiles_.WriteTexts(world_->Path(), u"Texts",
+                           {{u"One", u"C:\\Übung\\a=b;[c].tmj"}, {u"Two", u""}, {u"3", u" x "}}));
+  EXPECT_EQ(Text(u"One"), u"C:\\Übung\\a=b;[c].tmj");
+  EXPECT_EQ(Text(u"Two"), u"");
+  EXPECT_EQ(Text(u"3"), u"x");
+  EXPECT_EQ(Text(u"Other"), u" x ");
+  EXPECT_EQ(Text(u"Later"), u"later");
+  EXPECT_EQ(Integer(u"One"), 1);
+  EXPECT_EQ(profiles_.ReadText(world_->Path(), u"Before", u"One", u"none"), u"before");
+}
+
+TEST_F(ProfileFilesContract, WritesSeveralValuesInTheOrderGiven) {
+  ASSERT_TRUE(profiles_.WriteTexts(world_->Path(), u"Texts", {{u"B", u"1"}, {u"A", u"2"}}));
+  EXPECT_EQ(world_->Content(), u"[Texts]\r\nB=1\r\nA=2\r\n");
+  ASSERT_TRUE(profiles_.WriteTexts(world_->Path(), u"Texts", {{u"A", u"3"}, {u"b", u"4"}}));
+  EXPECT_EQ(Text(u"A"), u"3");
+  EXPECT_EQ(Text(u"B"), u"4");
+}
+
+TEST_F(ProfileFilesContract, WritesMoreValuesThanFitIntoOneCall) {
+  std::vector<ProfileText> texts;
+  for (int i = 0; i < 300; ++i) texts.push_back({u"Key" + Decimal(i), std::u16string(200, u'x')});
+  for (int round = 0; round < 2; ++round) {
+    texts.back().value = u"last " + Decimal(round);
+    ASSERT_TRUE(profiles_.WriteTexts(world_->Path(), u"Texts", texts));
+    EXPECT_EQ(Text(u"Key0"), texts.front().value);
+    EXPECT_EQ(Text(u"Key299"), texts.back().value);
+  }
+}
+
 TEST_F(ProfileFilesContract, SaysWhenNothingWasWritten) {
   const std::u16string path = world_->UnwritablePath();
   EXPECT_FALSE(profiles_.WriteText(path, u"Texts", u"Key", u"x"));
+  EXPECT_FALSE(profiles_.WriteTexts(path, u"Texts", {{u"Key", u"x"}}));
   EXPECT_EQ(profiles_.ReadText(path, u"Texts", u"Key", u"none"), u"none");
 }
 

@@ -36,6 +36,7 @@ class FakeMainWindowView : public MainWindowView {
   void PositionControls(int width) override;
   void ShowWork(WorkState state) override { work = state; }
   void Refresh() override { ++refreshes; }
+  void RefreshPanels() override { paintedMessages.push_back(panels[0]); }
   WindowPlacement Placement() const override { return placement; }
   void Place(const WindowPlacement& where) override;
   std::pair<float, float> ScreenSize() const override { return screenSize; }
@@ -57,6 +58,7 @@ class FakeMainWindowView : public MainWindowView {
   int selectedTab = 0;          // from 1, 0 for none; moves along when tabs before it come and go
   std::array<std::u16string, kStatusPanels> panels;  // from 0
   std::vector<std::u16string> messages;              // every text of the first panel, in order
+  std::vector<std::u16string> paintedMessages;       // that stood there when panels were repainted
   std::array<std::u16string, kStatusPanels> panelToolTips;  // from 0
   std::map<CommandId, CommandState> commands;
   std::vector<std::u16string> recentFiles;

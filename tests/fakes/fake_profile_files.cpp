@@ -149,6 +149,13 @@ bool FakeProfileFiles::WriteText(const std::u16string& file, std::u16string_view
   return true;
 }
 
+bool FakeProfileFiles::WriteTexts(const std::u16string& file, std::u16string_view section,
+                                  const std::vector<ProfileText>& texts) {
+  return std::ranges::all_of(texts, [&](const ProfileText& text) {
+    return WriteText(file, section, text.key, text.value);
+  });
+}
+
 std::u16string FakeProfileFiles::Text(const std::u16string& file) const {
   const auto found = texts_.find(ToLower(file));
   return found == texts_.end() ? std::u16string() : found->second;

@@ -29,6 +29,8 @@ class FakeProfileFiles : public ProfileFiles {
                           int buffer = kProfileTextBuffer) const override;
   bool WriteText(const std::u16string& file, std::u16string_view section, std::u16string_view key,
                  std::u16string_view value) override;
+  bool WriteTexts(const std::u16string& file, std::u16string_view section,
+                  const std::vector<ProfileText>& texts) override;
 
   // The raw text of a file, lines ending in "\r\n" or "\n"; empty when there is no such file.
   std::u16string Text(const std::u16string& file) const;

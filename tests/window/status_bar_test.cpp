@@ -136,6 +136,17 @@ TEST_F(StatusBarTest, NothingOfAFormerTextIsStillToBeSeen) {
   }
 }
 
+TEST_F(StatusBarTest, TextIsSeenAtOnceWhenItIsAskedFor) {
+  window.SetPanel(1, u"first");
+  loop.Pump();
+  const std::vector<COLORREF> before = Pixels(Status());
+  window.SetPanel(1, u"second");
+  window.RefreshPanels();
+  const std::vector<COLORREF> shown = Pixels(Status());
+  EXPECT_NE(shown, before);
+  EXPECT_FALSE(GetUpdateRect(Status(), nullptr, FALSE));
+}
+
 TEST_F(StatusBarTest, TabInATextDoesNotMoveItToTheMiddle) {
   window.SetPanel(1, u"FIRE =\tx");
   EXPECT_EQ(Panel(1), L"FIRE = x");

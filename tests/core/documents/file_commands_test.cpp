@@ -270,6 +270,19 @@ TEST_F(FileOpenTest, SaysThatItOpensAFileAlsoWithoutTheDialog) {
   EXPECT_EQ(view.messages.back(), u"a.tmj successfully opened");
 }
 
+TEST_F(FileOpenTest, ThatItOpensAFileIsPaintedBeforeTheFileIsLoaded) {
+  files.AddFile(u"C:\\a.tmj", "x");
+  view.paintedMessages.clear();
+  bool paintedBefore = false;
+  view.makeEditBox = [&](EditBox::Events boxEvents) {
+    paintedBefore = view.paintedMessages == Captions{u"Opening file"};
+    return std::make_unique<FakeEditBox>(std::move(boxEvents));
+  };
+  Box().Type(u"so that the file gets a box of its own");
+  commands.OpenPreviouslySavedFiles(u"C:\\a.tmj");
+  EXPECT_TRUE(paintedBefore);
+}
+
 TEST_F(FileOpenTest, TheFlagOfATextThatWasTakenBackDoesNotStickToTheFile) {
   Box().Type(u"x");
   Box().Undo();

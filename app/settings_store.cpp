@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <vector>
 
 #include "platform/strings.h"
 
@@ -109,9 +110,9 @@ EditorPosition GetEditorPosition(const ProfileFiles& profiles, const Settings& s
 
 bool SaveEditorPosition(ProfileFiles& profiles, const Settings& settings,
                         const EditorPosition& position, std::pair<float, float> screen) {
-  bool written = true;
+  std::vector<ProfileText> texts;
   const auto write = [&](std::u16string_view key, const std::u16string& value) {
-    written &= profiles.WriteText(settings.SettingsPath, kMiscellaneous, key, value);
+    texts.push_back({std::u16string(key), value});
   };
   write(u"IndentSpaces", Decimal(settings.IndentSpaces));
   write(u"MaxPreviousFiles", Decimal(settings.MaxPreviousFiles));
@@ -120,13 +121,14 @@ bool SaveEditorPosition(ProfileFiles& profiles, const Settings& settings,
   write(u"RunAppsWithDownload", Decimal(position.ticks.ignoreRunApp ? 1 : 0));
 
   const WindowPlacement& placement = position.placement;
-  if (placement.state == WindowState::kMinimised) return written;
-  write(u"EditorTopAtStartup", FormatNumber(std::max(placement.top, 0.0F)));
-  write(u"EditorLeftAtStartup", FormatNumber(std::max(placement.left, 0.0F)));
-  write(u"EditorWidthAtStartup", FormatNumber(std::min(placement.width, screen.first)));
-  write(u"EditorHeightAtStartup", FormatNumber(std::min(placement.height, screen.second)));
-  write(u"EditorWindowstate", Decimal(static_cast<int>(placement.state)));
-  return written;
+  if (placement.state != WindowState::kMinimised) {
+    write(u"EditorTopAtStartup", FormatNumber(std::max(placement.top, 0.0F)));
+    write(u"EditorLeftAtStartup", FormatNumber(std::max(placement.left, 0.0F)));
+    write(u"EditorWidthAtStartup", FormatNumber(std::min(placement.width, screen.first)));
+    write(u"EditorHeightAtStartup", FormatNumber(std::min(placement.height, screen.second)));
+    write(u"EditorWindowstate", Decimal(static_cast<int>(placement.state)));
+  }
+  return profiles.WriteTexts(settings.SettingsPath, kMiscellaneous, texts);
 }
 
 }  // namespace deck

@@ -64,15 +64,12 @@ InfoWindowPlace QuickHelp::PositionInfoWindow(std::pair<float, float> screen) co
 
 void QuickHelp::SaveInfoWindowPosition() {
   const InfoWindowPlace place = ports_.view.Place();
-  const auto write = [this](std::u16string_view key, int value) {
-    // Where the settings cannot be written the window opens in its old place again.
-    static_cast<void>(
-        ports_.profiles.WriteText(settings_.SettingsPath, kSection, key, Decimal(value)));
-  };
-  write(u"InfoWindowTop", place.top);
-  write(u"InfoWindowLeft", place.left);
-  write(u"InfoWindowHeight", place.height);
-  write(u"InfoWindowWidth", place.width);
+  // Where the settings cannot be written the window opens in its old place again.
+  static_cast<void>(ports_.profiles.WriteTexts(settings_.SettingsPath, kSection,
+                                               {{u"InfoWindowTop", Decimal(place.top)},
+                                                {u"InfoWindowLeft", Decimal(place.left)},
+                                                {u"InfoWindowHeight", Decimal(place.height)},
+                                                {u"InfoWindowWidth", Decimal(place.width)}}));
 }
 
 }  // namespace deck

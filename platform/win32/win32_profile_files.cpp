@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <functional>
 #include <optional>
 #include <utility>
 
@@ -61,6 +62,25 @@ void SetLine(std::vector<std::string>& lines, const std::string& key, const std:
   }
 }
 
+// Writes to a copy of the file, which then takes its place: the system cuts the file before it
+// writes, and a process that dies in between would leave half the settings. Not flushed, since what
+// a power failure takes of them is easily set again. Where the folder takes no second file, or
+// another program has the old one open, the file itself is written.
+bool WriteWhole(const std::string& path, const std::function<bool(const std::string&)>& write) {
+  if (path.empty()) return false;
+  const std::string copy = path + '~' + std::to_string(GetCurrentProcessId()) + ".tmp";
+  const DWORD attributes = GetFileAttributesA(path.c_str());
+  const bool isNew = attributes == INVALID_FILE_ATTRIBUTES;
+  const bool isReadOnly = !isNew && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
+  if (isReadOnly || copy.size() >= MAX_PATH) return write(path);
+  if ((isNew || CopyFileA(path.c_str(), copy.c_str(), FALSE)) && write(copy) &&
+      MoveFileExA(copy.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) {
+    return true;
+  }
+  DeleteFileA(copy.c_str());
+  return write(path);
+}
+
 }  // namespace
 
 int Win32ProfileFiles::ReadInteger(const std::u16string& file, std::u16string_view section,
@@ -86,32 +106,41 @@ std::u16string Win32ProfileFiles::ReadText(const std::u16string& file, std::u16s
 
 bool Win32ProfileFiles::WriteText(const std::u16string& file, std::u16string_view section,
                                   std::u16string_view key, std::u16string_view value) {
-  const std::string path = EncodedPath(file);
-  return !path.empty() && WritePrivateProfileStringA(Encoded(section).c_str(), Encoded(key).c_str(),
-                                                     Encoded(value).c_str(), path.c_str());
+  const ProfileText text{std::u16string(key), std::u16string(value)};
+  return WriteWhole(EncodedPath(file),
+                    [&](const std::string& path) { return SetText(path, section, text); });
 }
 
 bool Win32ProfileFiles::WriteTexts(const std::u16string& file, std::u16string_view section,
                                    const std::vector<ProfileText>& texts) {
-  const std::string path = EncodedPath(file);
-  if (path.empty()) return false;
+  return WriteWhole(EncodedPath(file),
+                    [&](const std::string& path) { return SetTexts(path, section, texts); });
+}
+
+bool Win32ProfileFiles::SetText(const std::string& path, std::u16string_view section,
+                                const ProfileText& text) const {
+  return WritePrivateProfileStringA(Encoded(section).c_str(), Encoded(text.key).c_str(),
+                                    Encoded(text.value).c_str(), path.c_str()) != 0;
+}
+
+bool Win32ProfileFiles::SetTexts(const std::string& path, std::u16string_view section,
+                                 const std::vector<ProfileText>& texts) const {
   const std::string name = Encoded(section);
   std::optional<std::vector<std::string>> lines = ReadSection(path, name);
-  if (!lines) return WriteOneByOne(file, section, texts);
+  if (!lines) return SetOneByOne(path, section, texts);
   for (const ProfileText& text : texts) {
     SetLine(*lines, Encoded(text.key), Encoded(TrimBlanksAndTabs(text.value)));
   }
   std::string all;
   for (const std::string& line : *lines) all += line + '\0';
-  if (all.size() >= kLongestSection) return WriteOneByOne(file, section, texts);
+  if (all.size() >= kLongestSection) return SetOneByOne(path, section, texts);
   return WritePrivateProfileSectionA(name.c_str(), all.c_str(), path.c_str()) != 0;
 }
 
-bool Win32ProfileFiles::WriteOneByOne(const std::u16string& file, std::u16string_view section,
-                                      const std::vector<ProfileText>& texts) {
-  return std::ranges::all_of(texts, [&](const ProfileText& text) {
-    return WriteText(file, section, text.key, text.value);
-  });
+bool Win32ProfileFiles::SetOneByOne(const std::string& path, std::u16string_view section,
+                                    const std::vector<ProfileText>& texts) const {
+  return std::ranges::all_of(texts,
+                             [&](const ProfileText& text) { return SetText(path, section, text); });
 }
 
 std::string Win32ProfileFiles::Encoded(std::u16string_view text) const {

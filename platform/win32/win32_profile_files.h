@@ -24,8 +24,11 @@ class Win32ProfileFiles : public ProfileFiles {
 
  private:
   std::string Encoded(std::u16string_view text) const;
-  bool WriteOneByOne(const std::u16string& file, std::u16string_view section,
-                     const std::vector<ProfileText>& texts);
+  bool SetText(const std::string& path, std::u16string_view section, const ProfileText& text) const;
+  bool SetTexts(const std::string& path, std::u16string_view section,
+                const std::vector<ProfileText>& texts) const;
+  bool SetOneByOne(const std::string& path, std::u16string_view section,
+                   const std::vector<ProfileText>& texts) const;
   // The path in the code page; empty when it has no form there.
   std::string EncodedPath(const std::u16string& path) const;
 

@@ -73,30 +73,6 @@ TEST_F(Win32FilesTest, KeepsWhoMayUseTheFile) {
   EXPECT_EQ(Content(), "new");
 }
 
-// The same test program, writing the file until this object goes, which kills it on the spot.
-class Writer {
- public:
-  explicit Writer(const std::u16string& file) {
-    STARTUPINFOW start{};
-    start.cb = sizeof start;
-    std::wstring commandLine = Wide(WritingCommandLine(file));
-    PROCESS_INFORMATION process{};
-    EXPECT_TRUE(CreateProcessW(nullptr, commandLine.data(), nullptr, nullptr, FALSE, 0, nullptr,
-                               nullptr, &start, &process));
-    process_ = KernelHandle(process.hProcess);
-    CloseHandle(process.hThread);
-  }
-  ~Writer() {
-    TerminateProcess(process_.Get(), 1);
-    WaitForSingleObject(process_.Get(), INFINITE);
-  }
-  Writer(const Writer&) = delete;
-  Writer& operator=(const Writer&) = delete;
-
- private:
-  KernelHandle process_;
-};
-
 // Looks at the file without opening it, which would keep it from being replaced on some systems.
 std::int64_t WrittenAt(const std::u16string& path) {
   WIN32_FILE_ATTRIBUTE_DATA data{};
@@ -107,14 +83,14 @@ std::int64_t WrittenAt(const std::u16string& path) {
 
 TEST_F(Win32FilesTest, AProcessThatIsKilledWhileItWritesLeavesAWholeFile) {
   constexpr ULONGLONG kPatience = 60'000;
-  for (DWORD round = 0; round < 12; ++round) {
+  for (DWORD round = 0; round < Kills(); ++round) {
     const std::int64_t before = WrittenAt(path_);
     {
-      const Writer writer(path_);
+      const KilledProgram writer(WritingCommandLine(path_));
       const ULONGLONG start = GetTickCount64();
       while (WrittenAt(path_) == before && GetTickCount64() - start < kPatience) Sleep(1);
       // Each time at another point between two writes.
-      Sleep(round);
+      Sleep(round % 40);
     }
     const std::string content = Content();
     ASSERT_NE(WrittenAt(path_), before) << "nothing was written";

@@ -5,9 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/strings.h"
+#include "platform/win32/wide_text.h"
 #include "platform/win32/win32_code_page.h"
 #include "platform/win32/win32_files.h"
 #include "tests/contract/win32/temporary_folder.h"
+#include "tests/contract/win32/writing_program.h"
 
 namespace deck {
 namespace {
@@ -40,6 +43,52 @@ TEST_F(Win32ProfileFilesTest, WritesUtf8ForWhatTheCodePageCannotHold) {
   const std::u16string path = folder_.In(u"a.ini");
   ASSERT_TRUE(profiles_.WriteText(path, u"Files", u"Path", u"Ж"));
   EXPECT_EQ(Content(path), "[Files]\r\nPath=\xD0\x96\r\n");
+}
+
+TEST_F(Win32ProfileFilesTest, AProcessThatIsKilledWhileItWritesLeavesWholeSettings) {
+  constexpr ULONGLONG kPatience = 60'000;
+  const std::u16string path = folder_.In(u"a.ini");
+  ASSERT_TRUE(profiles_.WriteText(path, u"Other", u"Key", u"kept"));
+  const auto number = [&](int key) {
+    return profiles_.ReadInteger(path, u"Written", u"Key" + Decimal(key), 0);
+  };
+  for (unsigned round = 0; round < Kills(); ++round) {
+    const std::string before = Content(path);
+    {
+      const KilledProgram writer(SettingsWritingCommandLine(path));
+      const ULONGLONG start = GetTickCount64();
+      while (Content(path) == before && GetTickCount64() - start < kPatience) Sleep(1);
+      // Each time at another point between two writes.
+      Sleep(round % 40);
+    }
+    ASSERT_NE(Content(path), before) << "nothing was written";
+    const int first = number(0);
+    EXPECT_GT(first, 0);
+    for (int key = 1; key < kSettingsWritten; ++key) EXPECT_EQ(number(key), first) << round;
+    EXPECT_EQ(profiles_.ReadText(path, u"Other", u"Key", u""), u"kept");
+  }
+}
+
+TEST_F(Win32ProfileFilesTest, WritesTheFileItselfWhereTheFolderTakesNoSecondOne) {
+  // With the number of this process behind it the name would be too long.
+  const std::size_t room = MAX_PATH - 1 - folder_.In(u"").size();
+  const std::u16string path = folder_.In(std::u16string(room - 4, u'n') + u".ini");
+  ASSERT_TRUE(profiles_.WriteText(path, u"Files", u"Number", u"5"));
+  ASSERT_TRUE(profiles_.WriteTexts(path, u"Files", {{u"Number", u"6"}, {u"More", u"7"}}));
+  EXPECT_EQ(profiles_.ReadInteger(path, u"Files", u"Number", 0), 6);
+  EXPECT_EQ(profiles_.ReadInteger(path, u"Files", u"More", 0), 7);
+  EXPECT_EQ(folder_.CountFiles(), 1);
+}
+
+TEST_F(Win32ProfileFilesTest, LeavesNoCopyBehind) {
+  const std::u16string path = folder_.In(u"a.ini");
+  ASSERT_TRUE(profiles_.WriteText(path, u"Files", u"Number", u"5"));
+  SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_READONLY);
+  // Wine writes for root what Windows refuses.
+  const bool written = profiles_.WriteText(path, u"Files", u"Number", u"6");
+  EXPECT_EQ(folder_.CountFiles(), 1);
+  SetFileAttributesW(Wide(path), FILE_ATTRIBUTE_NORMAL);
+  EXPECT_EQ(Content(path), written ? "[Files]\r\nNumber=6\r\n" : "[Files]\r\nNumber=5\r\n");
 }
 
 TEST_F(Win32ProfileFilesTest, WorksInFoldersThatTheCodePageCannotName) {

@@ -48,6 +48,19 @@ enum class ControlId : int {
   kRTFKeysDownText = 1509,
 };
 
+// How a window is found.
+struct WindowRow {
+  std::u16string_view windowClass;
+  std::u16string_view title;
+};
+
+inline constexpr WindowRow kWindows[] = {
+    {u"Editor", u"Wren Deck"},
+    {u"FindAndReplace", u"Find and replace"},
+    {u"InfoWindow", u"Deck Quick Help"},
+    {u"KeyTestForm", u"Key Tester"},
+};
+
 // Where and as what a control is found.
 struct ControlRow {
   ControlId id;

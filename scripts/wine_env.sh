@@ -10,6 +10,8 @@
 # Run instead of sourced it starts one command inside that environment:
 #
 #   scripts/wine_env.sh python3 -m unittest discover -s tests/desktop
+#
+# DECK_SCREEN=3840x2160 makes the virtual display of that size.
 
 wineRoot=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 wineHome=$wineRoot/build/wine
@@ -86,7 +88,7 @@ WineStartDisplay() {
   local numberFile=$wineRoot/build/wine.display
   : >"$numberFile"
   # The server itself takes the first display number that is free.
-  Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp \
+  Xvfb -displayfd 3 -screen 0 "${DECK_SCREEN:-1280x1024}x24" -nolisten tcp \
     3>"$numberFile" >"$wineRoot/build/logs/xvfb.log" 2>&1 </dev/null &
   wineDisplayPid=$!
   if ! WineWaitFor 10 test -s "$numberFile"; then

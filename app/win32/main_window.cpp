@@ -13,10 +13,13 @@
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/pointer_motion.h"
+#include "platform/win32/program_icon.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
 namespace {
+
+static_assert(IDI_WRENDECK == kProgramIcon);
 
 constexpr const wchar_t* kClassName = L"Editor";
 constexpr const wchar_t* kTitle = L"Wren Deck";

@@ -9,11 +9,13 @@
 #include "documents/layout.h"
 #include "find/move_aside.h"
 #include "find/win32/selection_on_screen.h"
+#include "platform/twips.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/owned_window.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
+#include "platform/win32/program_icon.h"
 #include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
 
@@ -21,6 +23,7 @@ namespace deck {
 namespace {
 
 constexpr const wchar_t* kClassName = L"FindAndReplace";
+constexpr int kTabPadding = 7;        // pixels at 96 dpi, on each side of a caption
 constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, which Windows 7 does not send
 constexpr int kPages = static_cast<int>(std::size(kFindPageTitles));
 constexpr int kListUnits = 90;  // height of an open list in dialog units
@@ -31,6 +34,7 @@ void RegisterDialogClass() {
   description.lpfnWndProc = DefDlgProcW;
   description.cbWndExtra = DLGWINDOWEXTRA;
   description.hInstance = GetModuleHandleW(nullptr);
+  description.hIcon = ProgramIcon();
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.lpszClassName = kClassName;
   RegisterClassExW(&description);  // fails harmlessly when it was done before
@@ -184,6 +188,9 @@ void FindAndReplaceWindow::SetFont() {
   for (const Part& part : parts_) {
     SendMessageW(part.window, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
   }
+  // The control's own room beside the captions does not grow with the resolution.
+  SendMessageW(Control(FindControl::kSSTab1), TCM_SETPADDING, 0,
+               MAKELPARAM(ScaleToDpi(kTabPadding, dpi_), ScaleToDpi(3, dpi_)));
   letter_ = SizeOfLetters(window_, font.Get());
   font_ = std::move(font);
 }

@@ -16,6 +16,7 @@
 #include "platform/win32/owned_window.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
+#include "platform/win32/program_icon.h"
 #include "platform/win32/subclass.h"
 
 namespace deck {
@@ -32,6 +33,7 @@ void RegisterInfoClass(WNDPROC procedure) {
   description.cbSize = sizeof description;
   description.lpfnWndProc = procedure;
   description.hInstance = GetModuleHandleW(nullptr);
+  description.hIcon = ProgramIcon();
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
   description.lpszClassName = kClassName;

@@ -12,6 +12,7 @@
 #include "platform/twips.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
+#include "platform/win32/program_icon.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/window_front.h"
 #include "platform/win32/window_place.h"
@@ -42,6 +43,7 @@ void RegisterFormClass(WNDPROC procedure) {
   description.cbSize = sizeof description;
   description.lpfnWndProc = procedure;
   description.hInstance = GetModuleHandleW(nullptr);
+  description.hIcon = ProgramIcon();
   description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   description.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
   description.lpszClassName = kClassName;

@@ -11,7 +11,9 @@
 
 #include "help/info_window_layout.h"
 #include "platform/control_ids.h"
+#include "platform/strings.h"
 #include "platform/win32/dpi.h"
+#include "platform/win32/wide_text.h"
 
 namespace deck {
 namespace {
@@ -64,6 +66,24 @@ TEST_F(InfoWindowTest, HasItsCaptionAndIsOwnedByTheMainWindow) {
   EXPECT_STREQ(caption.data(), L"Deck Quick Help");
   EXPECT_EQ(GetWindow(window.Handle(), GW_OWNER), owner.Get());
   EXPECT_TRUE(IsWindowEnabled(owner.Get())) << "the editor stays usable";
+}
+
+TEST_F(InfoWindowTest, WindowAndControlsHaveTheClassesThatScriptsLookFor) {
+  const HWND found = FindWindowW(L"InfoWindow", L"Deck Quick Help");
+  EXPECT_EQ(found, window.Handle());
+  int controls = 0;
+  for (const ControlRow& row : kControls) {
+    if (row.window != u"InfoWindow") continue;
+    ++controls;
+    std::array<wchar_t, 100> name{};
+    GetClassNameW(Control(row.id), name.data(), static_cast<int>(name.size()));
+    EXPECT_TRUE(EqualsIgnoringCase(FromWide(name.data()), row.windowClass));
+  }
+  EXPECT_EQ(controls, 2);
+}
+
+TEST_F(InfoWindowTest, ItsFrameShowsTheProgramsIcon) {
+  EXPECT_NE(GetClassLongPtrW(window.Handle(), GCLP_HICON), 0U);
 }
 
 TEST_F(InfoWindowTest, EscapeReturnOkAndTheCloseBoxAskForTheEnd) {

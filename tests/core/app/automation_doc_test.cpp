@@ -92,6 +92,29 @@ TEST(AutomationPage, ListsEveryControlWithIdWindowAndClass) {
   EXPECT_EQ(TableWith({"id", "control", "in", "class"}), expected);
 }
 
+TEST(AutomationPage, ListsEveryWindowWithClassAndTitle) {
+  std::vector<Cells> listed;
+  for (const Cells& row : TableWith({"class", "title", "what it is"})) {
+    ASSERT_EQ(row.size(), 3U);
+    EXPECT_FALSE(row[2].empty());
+    listed.push_back({row[0], row[1]});
+  }
+  std::vector<Cells> expected;
+  for (const WindowRow& row : kWindows)
+    expected.push_back({Quoted(row.windowClass), Narrow(row.title)});
+  EXPECT_EQ(listed, expected);
+}
+
+TEST(ControlIds, EveryControlIsInAWindowOrInAnotherControl) {
+  const auto isNamed = [](std::u16string_view name) {
+    return std::any_of(std::begin(kWindows), std::end(kWindows),
+                       [&](const WindowRow& row) { return row.windowClass == name; }) ||
+           std::any_of(std::begin(kControls), std::end(kControls),
+                       [&](const ControlRow& row) { return row.windowClass == name; });
+  };
+  for (const ControlRow& row : kControls) EXPECT_TRUE(isNamed(row.window)) << Narrow(row.name);
+}
+
 TEST(AutomationPage, CountsRecentFilesFromTheIdThatItNames) {
   EXPECT_EQ(static_cast<int>(CommandId::kRecentFile1), 2001);
 }

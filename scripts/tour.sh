@@ -1,0 +1,40 @@
+#!/usr/bin/env bash
+# Takes pictures of every window of the editor in out/WrenDeck at 100 % and 200 %, and of its first
+# start on a small and on a large screen, into build/tour:
+#
+#   tour.sh             all of it
+#   tour.sh docs        then also makes the small pictures of README and docs/guide.md from them
+#
+# Needs the program laid out (scripts/layout.sh). Somebody has to look at the pictures: nothing here
+# judges them.
+set -eu
+root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+cd "$root"
+# Every kind of window, so that a picture that failed to be made is not an old one.
+rm -rf build/tour
+mkdir -p build/tour build/logs
+
+# Tour <name> <screen> <dots per inch> <what to show>
+Tour() {
+  printf '== %s\n' "$1"
+  DECK_SCREEN=$2 scripts/wine_env.sh python3 scripts/tour.py "build/tour/$1" "$3" "$4"
+}
+
+# The share of colours that a screen's pictures need is small: a palette keeps them light.
+Small() {
+  convert "build/tour/$1.png" +dither -colors 48 -strip "PNG8:docs/images/$2.png"
+}
+
+Tour 100 1280x1024 96 windows
+Tour 200 2560x2048 192 windows
+Tour first-small 1024x768 96 first-start
+Tour first-large 3840x2160 192 first-start
+
+if [ "${1:-}" = docs ]; then
+  Small 100/macros main
+  Small 100/find find
+  Small 100/key-tester keytester
+  Small 100/quick-help-syntax quickhelp
+  Small 200/macros main-200
+  ls -l docs/images
+fi

@@ -104,6 +104,8 @@ class RichEditBox final : public EditBox {
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   std::optional<LRESULT> OnEditMessage(UINT message);
   bool OnKeyDown(int key);
+  void OnKeyUp(int key);
+  void OnFocus();
   void OnCharacter(char16_t character);
   void OnContextMenu(POINT where);
   void OnDroppedText(POINT where, const std::u16string& text);

@@ -86,7 +86,7 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-      pressed_.set(wParam & 0xFF);
+      pressed_.set(wParam % pressed_.size());
       if (OnKeyDown(static_cast<int>(wParam))) return 0;
       // The control has meanings of its own for Alt and a letter.
       if (message == WM_SYSKEYDOWN) return DefWindowProcW(window, message, wParam, lParam);
@@ -100,9 +100,7 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return DefWindowProcW(window, message, wParam, lParam);
     case WM_KEYUP:
     case WM_SYSKEYUP:
-      if (wParam == VK_APPS) OnContextMenu(CaretPlace());
-      if (pressed_.test(wParam & 0xFF)) Raise(events_.keyOrMouseDone);
-      pressed_.reset(wParam & 0xFF);
+      OnKeyUp(static_cast<int>(wParam));
       if (wParam == VK_APPS) return 0;
       if (message == WM_SYSKEYUP) return DefWindowProcW(window, message, wParam, lParam);
       break;
@@ -143,10 +141,7 @@ LRESULT RichEditBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       break;
     case WM_SETFOCUS: {
       const LRESULT result = CallSubclassed(window, message, wParam, lParam);
-      if (rebuilding_) return result;
-      // The key that brought the focus here was pressed elsewhere.
-      pressed_.reset();
-      Raise(events_.entered);
+      OnFocus();
       return result;
     }
     default:
@@ -202,6 +197,21 @@ bool RichEditBox::OnKeyDown(int key) {
   }
   Do(action);
   return true;
+}
+
+void RichEditBox::OnKeyUp(int key) {
+  if (key == VK_APPS) OnContextMenu(CaretPlace());
+  const auto index = static_cast<std::size_t>(key) % pressed_.size();
+  const bool pressedHere = pressed_.test(index);
+  pressed_.reset(index);
+  if (pressedHere) Raise(events_.keyOrMouseDone);
+}
+
+// The key that brought the focus here was pressed elsewhere.
+void RichEditBox::OnFocus() {
+  if (rebuilding_) return;
+  pressed_.reset();
+  Raise(events_.entered);
 }
 
 void RichEditBox::OnCharacter(char16_t character) {

@@ -18,11 +18,11 @@ void SubclassWith(SubclassProcedure procedure, HWND window, void* owner);
 
 // The same for a member function (HWND window, UINT message, WPARAM wParam, LPARAM lParam) of the
 // owner, which must outlive the window.
-template <auto handle, class Owner>
+template <auto Handle, class Owner>
 void Subclass(HWND window, Owner* owner) {
   SubclassWith(
       [](void* self, HWND from, UINT message, WPARAM wParam, LPARAM lParam) -> LRESULT {
-        return (static_cast<Owner*>(self)->*handle)(from, message, wParam, lParam);
+        return (static_cast<Owner*>(self)->*Handle)(from, message, wParam, lParam);
       },
       window, owner);
 }

@@ -10,7 +10,7 @@
 set -eu
 root=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 cd "$root"
-# Every kind of window, so that a picture that failed to be made is not an old one.
+# A picture that could not be made must not be an old one.
 rm -rf build/tour
 mkdir -p build/tour build/logs
 
@@ -20,9 +20,11 @@ Tour() {
   DECK_SCREEN=$2 scripts/wine_env.sh python3 scripts/tour.py "build/tour/$1" "$3" "$4"
 }
 
-# The share of colours that a screen's pictures need is small: a palette keeps them light.
+# Small <picture> <name in docs/images> <pixels to cut off on each side>: a window's frame on the
+# display is a little smaller than the window. Few colours are needed: a palette keeps it light.
 Small() {
-  convert "build/tour/$1.png" +dither -colors 48 -strip "PNG8:docs/images/$2.png"
+  convert "build/tour/$1.png" -shave "$3x$3" -bordercolor black -border 1 -trim +repage +dither \
+    -colors 48 -strip "PNG8:docs/images/$2.png"
 }
 
 Tour 100 1280x1024 96 windows
@@ -31,10 +33,7 @@ Tour first-small 1024x768 96 first-start
 Tour first-large 3840x2160 192 first-start
 
 if [ "${1:-}" = docs ]; then
-  Small 100/macros main
-  Small 100/find find
-  Small 100/key-tester keytester
-  Small 100/quick-help-syntax quickhelp
-  Small 200/macros main-200
+  Small 100/macros main 0
+  Small 100/quick-help-slash-modifiers quick_help 4
   ls -l docs/images
 fi

@@ -224,13 +224,13 @@ LRESULT CALLBACK InfoWindow::Procedure(HWND window, UINT message, WPARAM wParam,
 
 // The text only scrolls: Tab, Return and Escape belong to the window. Neither control tells its
 // parent of a pointer over it in a way that every system does.
-LRESULT InfoWindow::OnTextMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT InfoWindow::OnTextMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const {
   if (message == WM_GETDLGCODE) return DLGC_WANTARROWS;
   if (message == WM_MOUSEMOVE) ReportPointer(window, lParam, events.overText);
   return CallSubclassed(window, message, wParam, lParam);
 }
 
-LRESULT InfoWindow::OnOkMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT InfoWindow::OnOkMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const {
   if (message == WM_MOUSEMOVE) ReportPointer(window, lParam, events.overOk);
   return CallSubclassed(window, message, wParam, lParam);
 }

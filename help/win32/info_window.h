@@ -41,8 +41,8 @@ class InfoWindow : public InfoWindowView {
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT OnTextMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  LRESULT OnOkMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
+  LRESULT OnTextMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const;
+  LRESULT OnOkMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const;
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
 
   void CreateControls();

@@ -113,6 +113,10 @@ class PdfPrinter:
             raise AssertionError(f"printed more than once: {found}")
         return Path(shutil.move(found[0], destination))
 
+    def refuse_jobs(self):
+        """From now on the queue is there but takes nothing."""
+        self._run("cupsreject", "PDF")
+
     def take_all_printed(self, word, count, folder):
         """Waits for so many files whose names contain the word and moves them into the folder."""
         wait_for(lambda: len(list(self.output.glob(f"*{word}*.pdf"))) >= count and not self._jobs(),

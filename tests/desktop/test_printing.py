@@ -108,6 +108,19 @@ class WithAPrinter(PrintingTest):
         self.assertGreater(height, width)
 
 
+    def test_a_queue_that_takes_no_jobs_is_not_said_to_have_printed(self):
+        name = self.name("refused")
+        self.write_file(name, "rem one\r\n")
+        editor = self.start_editor(self.sample(name))
+        self.wait_selected(editor, name)
+        self.printer.refuse_jobs()
+        editor.key("ctrl+p")
+        wait_for(lambda: editor.panel(1).startswith(f"{name} could not be printed: "),
+                 "the reason in panel 1")
+        self.assertEqual([], editor.dialogs())
+        editor.type("x")
+        self.wait_text(editor, "xrem one\n")
+
     def test_the_systems_printer_does_as_its_stand_in(self):
         name = self.name("contract").removesuffix(".tmj")
         os.environ["DECK_JOB_NAME"] = name

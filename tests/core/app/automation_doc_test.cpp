@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "app/command_table.h"
+#include "keytest/key_test_commands.h"
 #include "platform/control_ids.h"
 #include "platform/strings.h"
 
@@ -81,6 +82,24 @@ TEST(AutomationPage, ListsEveryCommandWithIdControlIndexMenuCaptionAndShortcut) 
   std::vector<Cells> expected;
   for (const CommandRow& row : kCommands) expected.push_back(RowOf(row));
   EXPECT_EQ(TableWith({"id", "control", "index", "menu", "caption", "shortcut"}), expected);
+}
+
+std::string KeyTestMenuCaption(KeyTestMenu menu) {
+  for (const KeyTestMenuHeading& heading : kKeyTestMenuBar) {
+    if (heading.menu == menu) return Narrow(heading.caption);
+  }
+  return {};
+}
+
+TEST(AutomationPage, ListsEveryCommandOfTheKeyTester) {
+  std::vector<Cells> expected;
+  for (const KeyTestCommandRow& row : kKeyTestCommands) {
+    const bool hasControl = row.menu != KeyTestMenu::kBox;
+    expected.push_back({Number(static_cast<int>(row.id)), hasControl ? Quoted(row.controlName) : "",
+                        row.controlIndex < 0 ? "" : Number(row.controlIndex),
+                        KeyTestMenuCaption(row.menu), Narrow(row.caption)});
+  }
+  EXPECT_EQ(TableWith({"id", "control", "index", "menu", "caption"}), expected);
 }
 
 TEST(AutomationPage, ListsEveryControlWithIdWindowAndClass) {

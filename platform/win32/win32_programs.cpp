@@ -14,10 +14,7 @@ static_assert(static_cast<int>(ProgramWindow::kMaximised) == SW_SHOWMAXIMIZED);
 static_assert(static_cast<int>(ProgramWindow::kNormalWithoutFocus) == SW_SHOWNOACTIVATE);
 static_assert(static_cast<int>(ProgramWindow::kMinimisedWithoutFocus) == SW_MINIMIZE);
 
-namespace {
-
-// `program` may be null.
-bool StartProcess(const wchar_t* program, const std::u16string& commandLine, ProgramWindow window) {
+bool Win32Programs::Start(const std::u16string& commandLine, ProgramWindow window) {
   STARTUPINFOW start{};
   start.cb = sizeof start;
   start.dwFlags = STARTF_USESHOWWINDOW;
@@ -25,7 +22,7 @@ bool StartProcess(const wchar_t* program, const std::u16string& commandLine, Pro
   std::wstring writable =
       Wide(commandLine);  // the system writes into it while it looks for the end
   PROCESS_INFORMATION process{};
-  if (!CreateProcessW(program, writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
+  if (!CreateProcessW(nullptr, writable.data(), nullptr, nullptr, FALSE, 0, nullptr, nullptr,
                       &start, &process)) {
     return false;
   }
@@ -34,15 +31,15 @@ bool StartProcess(const wchar_t* program, const std::u16string& commandLine, Pro
   return true;
 }
 
-}  // namespace
-
-bool Win32Programs::Start(const std::u16string& commandLine, ProgramWindow window) {
-  return StartProcess(nullptr, commandLine, window);
-}
-
+// In quotes the system looks for nothing but this file. The program itself sees the same command
+// line either way: round a path with blanks that it has found the system puts quotes too.
 bool Win32Programs::StartProgram(const std::u16string& program, const std::u16string& commandLine,
                                  ProgramWindow window) {
-  return StartProcess(Wide(program), commandLine, window);
+  const bool isAmbiguous = program.find(u' ') != std::u16string::npos &&
+                           program.find(u'"') == std::u16string::npos &&
+                           commandLine.starts_with(program);
+  if (!isAmbiguous) return Start(commandLine, window);
+  return Start(u"\"" + program + u"\"" + commandLine.substr(program.size()), window);
 }
 
 }  // namespace deck

@@ -3,13 +3,10 @@
 namespace deck {
 
 // An invisible window must not be told to paint again: that would make it visible.
-PaintPause::PaintPause(HWND window)
-    : window_((GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0 ? window : nullptr) {
+PaintPause::PaintPause(HWND window, std::optional<RECT> area)
+    : window_((GetWindowLongPtrW(window, GWL_STYLE) & WS_VISIBLE) != 0 ? window : nullptr),
+      area_(area) {
   if (window_ != nullptr) SendMessageW(window_, WM_SETREDRAW, FALSE, 0);
-}
-
-PaintPause::PaintPause(HWND window, const RECT& area) : PaintPause(window) {
-  area_ = area;
 }
 
 PaintPause::~PaintPause() {

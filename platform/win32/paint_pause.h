@@ -10,9 +10,8 @@ namespace deck {
 
 class PaintPause {
  public:
-  explicit PaintPause(HWND window);
-  // When no more than the area will look different. In client coordinates.
-  PaintPause(HWND window, const RECT& area);
+  // `area`, in client coordinates, when no more than that will look different.
+  explicit PaintPause(HWND window, std::optional<RECT> area = std::nullopt);
   ~PaintPause();
   PaintPause(const PaintPause&) = delete;
   PaintPause& operator=(const PaintPause&) = delete;

@@ -21,7 +21,7 @@ class ToolTips {
 
  private:
   struct Tip {
-    RECT where;
+    RECT where = {};
     std::u16string text;
   };
 

@@ -101,7 +101,7 @@ class Probing(ProbeTarget):
             self.program.menu()
         modules = Path(f"/proc/{self.program._process.pid}/maps").read_text(encoding="utf-8")
         self.assertIn("probe_target.exe", modules)
-        self.assertNotIn("menu_agent.dll", modules)
+        self.assertNotIn("menu_guest.dll", modules)
 
     def test_focus_is_told(self):
         wait_for(self.window.is_foreground, "the window in the foreground")

@@ -1,4 +1,4 @@
-#include "tests/desktop/probe/menu_agent.h"
+#include "tests/desktop/probe/menu_guest.h"
 
 #include <algorithm>
 #include <array>

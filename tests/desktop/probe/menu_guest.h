@@ -1,6 +1,6 @@
 // What the probe and the part of it that reads menus agree on.
 //
-// No function tells another process what a menu holds, so menu_agent.dll is loaded into the process
+// No function tells another process what a menu holds, so menu_guest.dll is loaded into the process
 // that owns the menu, reads it there, leaves the answer in a MenuRequest and is unloaded again.
 #pragma once
 

@@ -8,6 +8,7 @@
 #include "documents/layout.h"
 #include "platform/control_ids.h"
 #include "platform/twips.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/paint_pause.h"
@@ -38,6 +39,7 @@ StatusBarControl::StatusBarControl(HWND parent, std::function<void()> hovered)
       hovered_(std::move(hovered)),
       tips_(window_) {
   Subclass<&StatusBarControl::OnMessage>(window_, this);
+  SetAccessibleName(window_, L"Status bar");
 }
 
 void StatusBarControl::SetFont(HFONT font, int dpi) {

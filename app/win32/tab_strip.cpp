@@ -9,6 +9,7 @@
 #include "platform/control_ids.h"
 #include "platform/strings.h"
 #include "platform/twips.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
@@ -37,6 +38,7 @@ TabStrip::TabStrip(HWND parent, Events events)
       events_(std::move(events)),
       tips_(window_) {
   Subclass<&TabStrip::OnMessage>(window_, this);
+  SetAccessibleName(window_, L"Open files");
 }
 
 void TabStrip::SetFont(HFONT font, int dpi) {

@@ -8,6 +8,7 @@
 #include "app/win32/resource_ids.h"
 #include "platform/control_ids.h"
 #include "platform/twips.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
@@ -47,6 +48,14 @@ Toolbar::Toolbar(HWND parent, std::function<void(CommandId)> hovered)
   Subclass<&Toolbar::OnMessage>(window_, this);
   SendMessageW(window_, TB_BUTTONSTRUCTSIZE, sizeof(TBBUTTON), 0);
   AddButtons();
+  SetAccessibleName(window_, L"Toolbar");
+}
+
+// Without tips the hints are still there to be asked for: they are the names of the buttons, which
+// have no other.
+void Toolbar::ShowToolTips(bool show) {
+  const auto tips = reinterpret_cast<HWND>(SendMessageW(window_, TB_GETTOOLTIPS, 0, 0));
+  SendMessageW(tips, TTM_ACTIVATE, static_cast<WPARAM>(show), 0);
 }
 
 void Toolbar::AddButtons() {
@@ -99,7 +108,7 @@ bool Toolbar::OnNotify(NMHDR& header) const {
   const auto tips = reinterpret_cast<HWND>(SendMessageW(window_, TB_GETTOOLTIPS, 0, 0));
   if (header.hwndFrom != tips || header.code != TTN_GETDISPINFOW) return false;
   const CommandRow* row = FindCommand(static_cast<CommandId>(header.idFrom));
-  if (row == nullptr || !toolTips_) return true;
+  if (row == nullptr) return true;
   // The hints are literals, which end in U+0000; the system only reads.
   // NOLINTNEXTLINE(cppcoreguidelines-pro-type-const-cast): the structure does not say so
   auto* const hint = const_cast<char16_t*>(row->hint.data());

@@ -30,7 +30,7 @@ class Toolbar {
   int Height() const;
 
   void SetCommand(CommandId command, const CommandState& state);
-  void ShowToolTips(bool show) { toolTips_ = show; }
+  void ShowToolTips(bool show);
   // True when the notice was the bar's and is dealt with.
   bool OnNotify(NMHDR& header) const;
 
@@ -42,7 +42,6 @@ class Toolbar {
   HWND window_;
   std::function<void(CommandId)> hovered_;
   ImageListHandle images_;
-  bool toolTips_ = true;
 };
 
 }  // namespace deck

@@ -10,6 +10,7 @@
 
 #include "platform/scope_value.h"
 #include "platform/text_edits.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/paint_pause.h"
 #include "platform/win32/subclass.h"
 
@@ -208,6 +209,7 @@ void RichEditBox::Attach(HWND control) {
   if (control == nullptr) return;
   Subclass<&RichEditBox::OnAnyControlMessage>(control, this);
   SetPropW(control, kBoxProperty, this);
+  SetAccessibleName(control, L"Text");
   // Some systems' control registers a target of its own, which would take formatted text.
   RevokeDragDrop(control);
   RegisterDragDrop(control, dropTarget_);

@@ -13,6 +13,7 @@
 #include "documents/erase_spans.h"
 #include "documents/win32/edit_context_menu.h"
 #include "platform/text_edits.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/subclass.h"
 
@@ -56,7 +57,10 @@ EditKeyAction ActionOf(EditMenuCommand command) {
 // While one control follows the other, the old one gets messages too.
 LRESULT RichEditBox::OnAnyControlMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   const bool isCurrent = window == control_;
-  if (message == WM_DESTROY) RevokeDragDrop(window);
+  if (message == WM_DESTROY) {
+    RevokeDragDrop(window);
+    ForgetAccessibleName(window);
+  }
   if (message == WM_NCDESTROY) {
     RemovePropW(window, kBoxProperty);
     if (isCurrent) control_ = nullptr;

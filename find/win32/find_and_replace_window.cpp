@@ -10,6 +10,7 @@
 #include "find/move_aside.h"
 #include "find/win32/selection_on_screen.h"
 #include "platform/twips.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/owned_window.h"
@@ -138,6 +139,7 @@ void FindAndReplaceWindow::CreateParts() {
     SendMessageW(tabs, TCM_INSERTITEMW, static_cast<WPARAM>(page), reinterpret_cast<LPARAM>(&item));
   }
   Subclass<&FindAndReplaceWindow::OnTabsMessage>(tabs, this);
+  SetAccessibleName(tabs, L"Pages");
   SetFont();
   SizeToContents();
   LayOut();
@@ -417,6 +419,7 @@ INT_PTR FindAndReplaceWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam)
       OnDpiChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
       return TRUE;
     case WM_DESTROY:
+      ForgetAccessibleName(Control(FindControl::kSSTab1));
       loop_.RemoveDialog(window_);
       parts_.clear();
       window_ = nullptr;

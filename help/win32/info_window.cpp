@@ -11,6 +11,7 @@
 #include "help/info_window_layout.h"
 #include "platform/control_ids.h"
 #include "platform/twips.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/owned_window.h"
@@ -130,6 +131,7 @@ void InfoWindow::Minimise() {
 void InfoWindow::Unload() {
   if (window_ == nullptr) return;
   loop_.RemoveDialog(window_);
+  ForgetAccessibleName(text_);
   DestroyWindow(std::exchange(window_, nullptr));
 }
 
@@ -137,6 +139,7 @@ void InfoWindow::CreateControls() {
   text_ = CreateControl(MSFTEDIT_CLASS, L"", WS_VSCROLL | ES_MULTILINE | ES_READONLY | ES_NOHIDESEL,
                         window_, ControlId::kInfoText);
   Subclass<&InfoWindow::OnTextMessage>(text_, this);
+  SetAccessibleName(text_, L"Help page");
   SendMessageW(text_, EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
   ok_ = CreateControl(WC_BUTTONW, L"OK", BS_DEFPUSHBUTTON, window_, ControlId::kInfoCommand1);
   Subclass<&InfoWindow::OnOkMessage>(ok_, this);

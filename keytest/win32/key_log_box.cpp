@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/wide_text.h"
 
@@ -85,7 +86,7 @@ void Report(const std::function<void(Arguments...)>& event, Arguments... argumen
 
 }  // namespace
 
-void KeyLogBox::Create(HWND parent, int id) {
+void KeyLogBox::Create(HWND parent, int id, const wchar_t* name) {
   RegisterBoxClass(Procedure);
   Clear();
   isInvalid_ = false;
@@ -93,6 +94,7 @@ void KeyLogBox::Create(HWND parent, int id) {
                             WS_CHILD | WS_VISIBLE | WS_VSCROLL | WS_HSCROLL, 0, 0, 0, 0, parent,
                             reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                             GetModuleHandleW(nullptr), this);
+  SetAccessibleName(window_, name);
 }
 
 void KeyLogBox::SetFont(HFONT font) {
@@ -169,6 +171,9 @@ LRESULT KeyLogBox::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lPara
       return 0;
     case WM_ERASEBKGND:
       return 1;
+    case WM_DESTROY:
+      ForgetAccessibleName(window);
+      return 0;
     case WM_SIZE:
       // The end stays in view when it was.
       toEnd_ = toEnd_ || top_ + RowsIn(ClientOf(window)) >= log_.LineCount();

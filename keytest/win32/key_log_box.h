@@ -44,8 +44,9 @@ class KeyLogBox {
 
   Events events;
 
-  // Makes the control, empty. One of an earlier parent must be gone.
-  void Create(HWND parent, int id);
+  // Makes the control, empty, with a name for screen readers. One of an earlier parent must be
+  // gone.
+  void Create(HWND parent, int id, const wchar_t* name);
   HWND Handle() const { return window_; }
   // The font must live as long as the window does or until the next call.
   void SetFont(HFONT font);

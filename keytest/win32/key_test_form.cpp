@@ -210,8 +210,8 @@ void KeyTestForm::OnCreate() {
                          SS_CENTER | SS_NOTIFY | SS_ENDELLIPSIS)};
   colours_.fill(kSystemColour);
   ColourLabel(kWarning, kWarningColour);
-  eventsBox_.Create(window_, static_cast<int>(ControlId::kRTFKeysText));
-  namesBox_.Create(window_, static_cast<int>(ControlId::kRTFKeysDownText));
+  eventsBox_.Create(window_, static_cast<int>(ControlId::kRTFKeysText), L"Key events");
+  namesBox_.Create(window_, static_cast<int>(ControlId::kRTFKeysDownText), L"Keys pressed");
   // Keys are to arrive as they are, and not as parts of a composition.
   ImmAssociateContextEx(window_, nullptr, IACE_CHILDREN);
   SetFonts();

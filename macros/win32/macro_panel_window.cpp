@@ -9,6 +9,7 @@
 
 #include "platform/control_ids.h"
 #include "platform/twips.h"
+#include "platform/win32/accessible_name.h"
 #include "platform/win32/fonts.h"
 #include "platform/win32/paint_pause.h"
 #include "platform/win32/pointer_motion.h"
@@ -79,7 +80,6 @@ MacroPanelWindow::MacroPanelWindow(HWND parent) {
 }
 
 void MacroPanelWindow::CreateControls() {
-  // Screen readers take the label in front of a control for its name.
   label_ = CreateControl(WC_STATICW, L"&Macros", SS_NOTIFY, 0, window_, -1);
   combo_ = CreateControl(WC_COMBOBOXW, L"", WS_TABSTOP | WS_VSCROLL | CBS_DROPDOWNLIST, 0, window_,
                          static_cast<int>(ControlId::kCombo1));
@@ -88,6 +88,9 @@ void MacroPanelWindow::CreateControls() {
                         WS_EX_CLIENTEDGE, window_, static_cast<int>(ControlId::kList1));
   Subclass<&MacroPanelWindow::HandleCombo>(combo_, this);
   Subclass<&MacroPanelWindow::HandleList>(list_, this);
+  SetAccessibleName(window_, L"Macro panel");
+  SetAccessibleName(combo_, L"Macro headings");
+  SetAccessibleName(list_, L"Macros");
 }
 
 void MacroPanelWindow::SetFont(const LOGFONTW& font, int dpi) {

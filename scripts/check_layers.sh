@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Checks the rules about who may include whom, over all .h and .cpp files of the folders.
+# Checks the rules about who may include whom, over all .h and .cpp files of the folders, and that no
+# header includes itself by way of others.
 #
 #   check_layers.sh [root]        the tree at root, the repository by default
 #   check_layers.sh --self-test   breaks each rule in a tree of its own and expects a complaint
@@ -63,8 +64,20 @@ CheckOwnInclude() {
   fi
 }
 
+# A header that includes itself by way of others.
+CheckCycles() {
+  local folder file header loop
+  loop=$(for folder in $folders; do
+    [ -d "$1/$folder" ] && Includes "$1" "$folder"
+  done | while IFS=$'\t' read -r file header; do
+    case "$header" in '"'*) printf '%s %s\n' "$file" "${header//\"/}" ;; esac
+  done | tsort 2>&1 >/dev/null | sed -n 's/^tsort: \(.*\/.*\)/\1/p')
+  [ -z "$loop" ] || Complain 'headers include each other' "${loop//$'\n'/ }"
+}
+
 Check() {
   local folder file header
+  CheckCycles "$1"
   for folder in $folders; do
     [ -d "$1/$folder" ] || continue
     while IFS=$'\t' read -r file header; do
@@ -91,7 +104,24 @@ Expect() {
   fi
 }
 
+# ExpectCycle <accepted|refused> <included> <header>: a.h includes b.h, and this header that one.
+ExpectCycle() {
+  local tree result=accepted
+  tree=$(mktemp -d)
+  mkdir "$tree/find"
+  printf '#include "find/b.h"\n' >"$tree/find/a.h"
+  printf '#include "find/%s"\n' "$2" >"$tree/find/$3"
+  bash "${BASH_SOURCE[0]}" "$tree" >/dev/null || result=refused
+  rm -rf "$tree"
+  if [ "$result" != "$1" ]; then
+    printf 'self-test: a.h includes b.h and %s includes %s: %s\n' "$3" "$2" "$result"
+    found=1
+  fi
+}
+
 SelfTest() {
+  ExpectCycle refused a.h b.h
+  ExpectCycle accepted c.h b.h
   Expect refused find/find_text.cpp '#include <windows.h>'
   Expect refused app/editor.h '  #  include <CommCtrl.h>'
   Expect accepted find/win32/find_dialog.cpp '#include <windows.h>'

@@ -11,11 +11,13 @@
 #
 #   scripts/wine_env.sh python3 -m unittest discover -s tests/desktop
 #
-# DECK_SCREEN=3840x2160 makes the virtual display of that size.
+# DECK_SCREEN=3840x2160 makes the virtual display of that size. DECK_LANE=2 is a second environment
+# that runs beside the usual one.
 
 wineRoot=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-wineHome=$wineRoot/build/wine
-wineOwnerFile=$wineRoot/build/wine.owner
+wineHome=$wineRoot/build/wine${DECK_LANE:+-$DECK_LANE}
+wineOwnerFile=$wineHome.owner
+wineLogs=$wineRoot/build/logs${DECK_LANE:+/lane-$DECK_LANE}
 wineDisplayPid=
 wineManagerPid=
 
@@ -40,7 +42,7 @@ WineVariables() {
 # WineBegin private|here
 WineBegin() {
   WineVariables
-  mkdir -p "$wineRoot/build/logs"
+  mkdir -p "$wineLogs"
   WineTakeOwnership || return 1
   trap WineEnd EXIT
   trap 'exit 130' INT
@@ -85,21 +87,21 @@ WineProcessIdentity() {
 }
 
 WineStartDisplay() {
-  local numberFile=$wineRoot/build/wine.display
+  local numberFile=$wineHome.display
   : >"$numberFile"
   # The server itself takes the first display number that is free.
   Xvfb -displayfd 3 -screen 0 "${DECK_SCREEN:-1280x1024}x24" -nolisten tcp \
-    3>"$numberFile" >"$wineRoot/build/logs/xvfb.log" 2>&1 </dev/null &
+    3>"$numberFile" >"$wineLogs/xvfb.log" 2>&1 </dev/null &
   wineDisplayPid=$!
   if ! WineWaitFor 10 test -s "$numberFile"; then
-    printf 'wine: no virtual display, see build/logs/xvfb.log\n' >&2
+    printf 'wine: no virtual display, see %s\n' "$wineLogs/xvfb.log" >&2
     return 1
   fi
   DISPLAY=:$(cat "$numberFile")
   export DISPLAY
   rm -f "$numberFile"
-  WineManagerSettings >"$wineRoot/build/openbox.xml"
-  openbox --sm-disable --config-file "$wineRoot/build/openbox.xml" >"$wineRoot/build/logs/openbox.log" 2>&1 </dev/null &
+  WineManagerSettings >"$wineHome.openbox.xml"
+  openbox --sm-disable --config-file "$wineHome.openbox.xml" >"$wineLogs/openbox.log" 2>&1 </dev/null &
   wineManagerPid=$!
   WineWaitFor 10 WineManagerRuns || printf 'wine: going on without a window manager\n' >&2
 }
@@ -151,13 +153,13 @@ WinePrepare() {
   rm -rf "$wineHome"
   mkdir -p "$wineHome"
   wineserver -p </dev/null >/dev/null 2>&1
-  if ! wineboot -i </dev/null >"$wineRoot/build/logs/wineboot.log" 2>&1; then
-    printf 'wine: no prefix, see build/logs/wineboot.log\n' >&2
+  if ! wineboot -i </dev/null >"$wineLogs/wineboot.log" 2>&1; then
+    printf 'wine: no prefix, see %s\n' "$wineLogs/wineboot.log" >&2
     return 1
   fi
   WineCopyFonts
   WineWriteRegistry >"$wineHome/deck.reg"
-  wine regedit /S "$wineHome/deck.reg" </dev/null >>"$wineRoot/build/logs/wineboot.log" 2>&1
+  wine regedit /S "$wineHome/deck.reg" </dev/null >>"$wineLogs/wineboot.log" 2>&1
   WineStopServer # fonts are looked for when a server starts
   printf '%s\n' "$recipe" >"$wineHome/recipe"
 }

@@ -28,13 +28,6 @@ int MacroFrameWidth(const MainWindowSizes& sizes) {
 
 }  // namespace
 
-Rectangle MovedInto(const Rectangle& window, const Rectangle& area) {
-  Rectangle moved = window;
-  moved.left = std::max(std::min(window.left, area.right() - window.width), area.left);
-  moved.top = std::max(std::min(window.top, area.bottom() - window.height), area.top);
-  return moved;
-}
-
 MainWindowLayout PositionControls(const MainWindowSizes& sizes) {
   const int macroFrame = MacroFrameWidth(sizes);
   const int height = NotNegative(sizes.clientHeight - sizes.statusBarHeight - sizes.toolbarHeight);

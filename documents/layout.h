@@ -6,6 +6,7 @@
 #include <array>
 
 #include "platform/main_window_view.h"
+#include "platform/rectangle.h"
 
 namespace deck {
 
@@ -13,21 +14,6 @@ namespace deck {
 inline constexpr int kNarrowestMacroFrame = 100;
 inline constexpr int kNarrowestTabStrip = 200;
 inline constexpr int kSplitterWidth = 5;
-
-struct Rectangle {
-  int left = 0;
-  int top = 0;
-  int width = 0;
-  int height = 0;
-
-  int right() const { return left + width; }
-  int bottom() const { return top + height; }
-  friend bool operator==(const Rectangle&, const Rectangle&) = default;
-};
-
-// Whole windows: the window moved, not resized, so that as much as possible of it lies in the area.
-// What is larger than the area keeps its upper left corner inside.
-Rectangle MovedInto(const Rectangle& window, const Rectangle& area);
 
 // The main window.
 

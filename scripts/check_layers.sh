@@ -90,33 +90,34 @@ Check() {
   return $found
 }
 
-# Expect <accepted|refused> <file> <line>: a tree that holds only this file with this line.
-Expect() {
-  local tree result=accepted
-  tree=$(mktemp -d)
-  mkdir -p "$tree/$(dirname "$2")"
-  printf '%s\n' "$3" >"$tree/$2"
-  bash "${BASH_SOURCE[0]}" "$tree" >/dev/null || result=refused
-  rm -rf "$tree"
-  if [ "$result" != "$1" ]; then
-    printf 'self-test: %s in %s was %s\n' "$3" "$2" "$result"
+# Judge <tree> <accepted|refused> <what it holds>
+Judge() {
+  local result=accepted
+  bash "${BASH_SOURCE[0]}" "$1" >/dev/null || result=refused
+  rm -rf "$1"
+  if [ "$result" != "$2" ]; then
+    printf 'self-test: %s was %s\n' "$3" "$result"
     found=1
   fi
 }
 
+# Expect <accepted|refused> <file> <line>: a tree that holds only this file with this line.
+Expect() {
+  local tree
+  tree=$(mktemp -d)
+  mkdir -p "$tree/$(dirname "$2")"
+  printf '%s\n' "$3" >"$tree/$2"
+  Judge "$tree" "$1" "$3 in $2"
+}
+
 # ExpectCycle <accepted|refused> <included> <header>: a.h includes b.h, and this header that one.
 ExpectCycle() {
-  local tree result=accepted
+  local tree
   tree=$(mktemp -d)
   mkdir "$tree/find"
   printf '#include "find/b.h"\n' >"$tree/find/a.h"
   printf '#include "find/%s"\n' "$2" >"$tree/find/$3"
-  bash "${BASH_SOURCE[0]}" "$tree" >/dev/null || result=refused
-  rm -rf "$tree"
-  if [ "$result" != "$1" ]; then
-    printf 'self-test: a.h includes b.h and %s includes %s: %s\n' "$3" "$2" "$result"
-    found=1
-  fi
+  Judge "$tree" "$1" "a.h includes b.h, $3 includes $2"
 }
 
 SelfTest() {

@@ -15,6 +15,8 @@
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/program_icon.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/window_class.h"
+#include "platform/win32/window_place.h"
 
 namespace deck {
 namespace {
@@ -27,69 +29,6 @@ constexpr const wchar_t* kTitle = L"Wren Deck";
 // Pixels at 96 dpi, until a place is restored.
 constexpr int kFirstWidth = 888;
 constexpr int kFirstHeight = 593;
-
-void RegisterEditorClass(WNDPROC procedure) {
-  WNDCLASSEXW description{};
-  description.cbSize = sizeof description;
-  description.lpfnWndProc = procedure;
-  description.hInstance = GetModuleHandleW(nullptr);
-  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
-  description.lpszClassName = kClassName;
-  RegisterClassExW(&description);  // fails harmlessly when it was done before
-}
-
-IconHandle LoadOwnIcon(int widthMetric, int heightMetric, int dpi) {
-  return IconHandle(static_cast<HICON>(
-      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(IDI_WRENDECK), IMAGE_ICON,
-                 SystemMetric(widthMetric, dpi), SystemMetric(heightMetric, dpi), 0)));
-}
-
-Rectangle FromRect(const RECT& rect) {
-  return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
-}
-
-RECT ToRect(const Rectangle& rectangle) {
-  return {rectangle.left, rectangle.top, rectangle.right(), rectangle.bottom()};
-}
-
-Rectangle PixelsOf(const WindowPlacement& placement, int dpi) {
-  return {PixelsFromTwips(placement.left, dpi), PixelsFromTwips(placement.top, dpi),
-          PixelsFromTwips(placement.width, dpi), PixelsFromTwips(placement.height, dpi)};
-}
-
-MONITORINFO InfoOf(HMONITOR monitor) {
-  MONITORINFO info{};
-  info.cbSize = sizeof info;
-  GetMonitorInfoW(monitor, &info);
-  return info;
-}
-
-Rectangle OntoAMonitor(const Rectangle& window) {
-  const RECT rect = ToRect(window);
-  if (MonitorFromRect(&rect, MONITOR_DEFAULTTONULL) != nullptr) return window;
-  const MONITORINFO nearest = InfoOf(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST));
-  return MovedInto(window, FromRect(nearest.rcWork));
-}
-
-// Where the window stands when it is neither minimised nor maximised.
-Rectangle NormalPlace(HWND window) {
-  if (!IsIconic(window) && !IsZoomed(window)) {
-    RECT rect{};
-    GetWindowRect(window, &rect);
-    return FromRect(rect);
-  }
-  WINDOWPLACEMENT placement{};
-  placement.length = sizeof placement;
-  GetWindowPlacement(window, &placement);
-  Rectangle place = FromRect(placement.rcNormalPosition);
-  // The system counts this one from the corner of the area that the task bar leaves.
-  const MONITORINFO monitor =
-      InfoOf(MonitorFromRect(&placement.rcNormalPosition, MONITOR_DEFAULTTONEAREST));
-  place.left += monitor.rcWork.left - monitor.rcMonitor.left;
-  place.top += monitor.rcWork.top - monitor.rcMonitor.top;
-  return place;
-}
 
 HDWP Move(HDWP moves, HWND window, const Rectangle& where, UINT flags = 0) {
   return DeferWindowPos(moves, window, nullptr, where.left, where.top, where.width, where.height,
@@ -110,7 +49,7 @@ void ChoosePointer(HWND window) {
 }  // namespace
 
 MainWindow::MainWindow() : shortcuts_(MakeAccelerators()) {
-  RegisterEditorClass(Procedure);
+  RegisterWindowClass({.name = kClassName, .procedure = Procedure, .background = WindowGround()});
   CreateWindowExW(WS_EX_ACCEPTFILES, kClassName, kTitle, WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
                   CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr,
                   menu_.Handle(), GetModuleHandleW(nullptr), this);
@@ -159,16 +98,7 @@ void MainWindow::SetFonts() {
   // Only now are the old ones out of use.
   tabFont_ = std::move(tabFont);
   statusFont_ = std::move(statusFont);
-  SetIcons();
-}
-
-void MainWindow::SetIcons() {
-  IconHandle large = LoadOwnIcon(SM_CXICON, SM_CYICON, dpi_);
-  IconHandle small = LoadOwnIcon(SM_CXSMICON, SM_CYSMICON, dpi_);
-  SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large.Get()));
-  SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
-  largeIcon_ = std::move(large);
-  smallIcon_ = std::move(small);
+  icons_.Set(window_, dpi_);
 }
 
 void MainWindow::Show() {
@@ -244,7 +174,7 @@ void MainWindow::RefreshPanels() {
 }
 
 WindowPlacement MainWindow::Placement() const {
-  const Rectangle place = NormalPlace(window_);
+  const Rectangle place = NormalPlaceOf(window_);
   WindowPlacement placement{
       .left = TwipsFromPixels(place.left, dpi_),
       .top = TwipsFromPixels(place.top, dpi_),
@@ -262,9 +192,7 @@ WindowPlacement MainWindow::Placement() const {
 void MainWindow::Place(const WindowPlacement& placement) {
   stateToShow_ = placement.state;
   if (placement.state == WindowState::kNormal) {
-    // The monitor it goes to decides how large a twip is.
-    const Rectangle guess = OntoAMonitor(PixelsOf(placement, dpi_));
-    const Rectangle place = OntoAMonitor(PixelsOf(placement, DpiAt(ToRect(guess))));
+    const Rectangle place = PlaceOnAMonitor(placement, dpi_);
     const ScopeValue placing(placing_, true);
     SetWindowPos(window_, nullptr, place.left, place.top, place.width, place.height,
                  SWP_NOZORDER | SWP_NOACTIVATE);
@@ -273,9 +201,8 @@ void MainWindow::Place(const WindowPlacement& placement) {
 }
 
 std::pair<float, float> MainWindow::ScreenSize() const {
-  const RECT monitor = InfoOf(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST)).rcMonitor;
-  return {TwipsFromPixels(monitor.right - monitor.left, dpi_),
-          TwipsFromPixels(monitor.bottom - monitor.top, dpi_)};
+  const Rectangle monitor = MonitorAt(window_);
+  return {TwipsFromPixels(monitor.width, dpi_), TwipsFromPixels(monitor.height, dpi_)};
 }
 
 void MainWindow::Close() {

@@ -24,6 +24,7 @@
 #include "platform/event_loop.h"
 #include "platform/main_window_view.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/program_icon.h"
 #include "platform/win32/taskbar_button.h"
 
 namespace deck {
@@ -118,7 +119,6 @@ class MainWindow : public MainWindowView {
 
   void CreateParts();
   void SetFonts();
-  void SetIcons();
   void Arrange();
   void ReportKeysAndClock() const;
 
@@ -132,8 +132,7 @@ class MainWindow : public MainWindowView {
   AcceleratorsHandle shortcuts_;
   FontHandle tabFont_;
   FontHandle statusFont_;
-  IconHandle largeIcon_;
-  IconHandle smallIcon_;
+  FrameIcons icons_;
   MenuBar menu_;
   std::optional<Toolbar> toolbar_;
   std::optional<TabStrip> tabs_;

@@ -19,6 +19,8 @@
 #include "platform/win32/program_icon.h"
 #include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/window_class.h"
+#include "platform/win32/window_place.h"
 
 namespace deck {
 namespace {
@@ -28,18 +30,6 @@ constexpr int kTabPadding = 7;        // pixels at 96 dpi, on each side of a cap
 constexpr UINT kDpiChanged = 0x02E0;  // WM_DPICHANGED, which Windows 7 does not send
 constexpr int kPages = static_cast<int>(std::size(kFindPageTitles));
 constexpr int kListUnits = 90;  // height of an open list in dialog units
-
-void RegisterDialogClass() {
-  WNDCLASSEXW description{};
-  description.cbSize = sizeof description;
-  description.lpfnWndProc = DefDlgProcW;
-  description.cbWndExtra = DLGWINDOWEXTRA;
-  description.hInstance = GetModuleHandleW(nullptr);
-  description.hIcon = ProgramIcon();
-  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.lpszClassName = kClassName;
-  RegisterClassExW(&description);  // fails harmlessly when it was done before
-}
 
 // A dialog without controls: they are made one by one, for the resolution that the window has then.
 std::vector<WORD> DialogTemplate() {
@@ -73,21 +63,6 @@ LetterSize SizeOfLetters(HWND window, HFONT font) {
   return {(measure.Width(letters) + count / 2) / count, measure.LineHeight()};
 }
 
-Rectangle PlaceOf(HWND window) {
-  RECT place{};
-  GetWindowRect(window, &place);
-  return {place.left, place.top, place.right - place.left, place.bottom - place.top};
-}
-
-Rectangle WorkAreaAt(const Rectangle& place) {
-  const RECT rect = {place.left, place.top, place.right(), place.bottom()};
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromRect(&rect, MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& area = monitor.rcWork;
-  return {area.left, area.top, area.right - area.left, area.bottom - area.top};
-}
-
 void MoveTo(HWND window, const Rectangle& place) {
   SetWindowPos(window, nullptr, place.left, place.top, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
@@ -105,7 +80,10 @@ void FindAndReplaceWindow::Open(FindPage page) {
 }
 
 void FindAndReplaceWindow::Create() {
-  RegisterDialogClass();
+  RegisterWindowClass({.name = kClassName,
+                       .procedure = DefDlgProcW,
+                       .icon = ProgramIcon(),
+                       .extraBytes = DLGWINDOWEXTRA});
   const std::vector<WORD> description = DialogTemplate();
   CreateDialogIndirectParamW(GetModuleHandleW(nullptr),
                              reinterpret_cast<const DLGTEMPLATE*>(description.data()), owner_,

@@ -19,6 +19,8 @@
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/program_icon.h"
 #include "platform/win32/subclass.h"
+#include "platform/win32/window_class.h"
+#include "platform/win32/window_place.h"
 
 namespace deck {
 namespace {
@@ -28,18 +30,6 @@ constexpr const wchar_t* kClassName = L"InfoWindow";
 constexpr int kSmallestWidth = 240;
 constexpr int kSmallestHeight = 160;
 constexpr int kPageMargin = 10;
-
-void RegisterInfoClass(WNDPROC procedure) {
-  WNDCLASSEXW description{};
-  description.cbSize = sizeof description;
-  description.lpfnWndProc = procedure;
-  description.hInstance = GetModuleHandleW(nullptr);
-  description.hIcon = ProgramIcon();
-  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
-  description.lpszClassName = kClassName;
-  RegisterClassExW(&description);  // fails harmlessly when it was done before
-}
 
 HWND CreateControl(const wchar_t* name, const wchar_t* text, DWORD style, HWND parent,
                    ControlId id) {
@@ -57,14 +47,6 @@ DWORD CALLBACK ReadPage(DWORD_PTR cookie, BYTE* buffer, LONG size, LONG* read) {
   return 0;
 }
 
-Rectangle WorkAreaNear(const RECT& place) {
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromRect(&place, MONITOR_DEFAULTTONEAREST), &monitor);
-  const RECT& area = monitor.rcWork;
-  return {area.left, area.top, area.right - area.left, area.bottom - area.top};
-}
-
 // `point` as WM_MOUSEMOVE of the control tells it.
 void ReportPointer(HWND control, LPARAM point, const std::function<void()>& over) {
   if (HasPointerMoved(control, point) && over) over();
@@ -73,14 +55,16 @@ void ReportPointer(HWND control, LPARAM point, const std::function<void()>& over
 }  // namespace
 
 void InfoWindow::Load(const InfoWindowPlace& place) {
-  RegisterInfoClass(Procedure);
+  RegisterWindowClass({.name = kClassName,
+                       .procedure = Procedure,
+                       .icon = ProgramIcon(),
+                       .background = WindowGround()});
   const int dpi = DpiOf(owner_);
   const auto pixels = [dpi](int twips) { return PixelsFromTwips(static_cast<float>(twips), dpi); };
   const Rectangle wanted{pixels(place.left), pixels(place.top),
                          std::max(pixels(place.width), ScaleToDpi(kSmallestWidth, dpi)),
                          std::max(pixels(place.height), ScaleToDpi(kSmallestHeight, dpi))};
-  const RECT corner{wanted.left, wanted.top, wanted.right(), wanted.bottom()};
-  const Rectangle at = MovedInto(wanted, WorkAreaNear(corner));
+  const Rectangle at = MovedInto(wanted, WorkAreaAt(wanted));
   window_ = CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, L"Deck Quick Help",
                             WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, at.left, at.top, at.width,
                             at.height, owner_, nullptr, GetModuleHandleW(nullptr), this);
@@ -103,25 +87,13 @@ void InfoWindow::ShowPage(std::string_view rtf) {
 }
 
 InfoWindowPlace InfoWindow::Place() const {
-  WINDOWPLACEMENT placement{};
-  placement.length = sizeof placement;
-  GetWindowPlacement(window_, &placement);
-  // The normal place is told in coordinates of the work area, which begins beside a task bar at
-  // the left or top.
-  RECT normal = placement.rcNormalPosition;
-  MONITORINFO monitor{};
-  monitor.cbSize = sizeof monitor;
-  GetMonitorInfoW(MonitorFromWindow(window_, MONITOR_DEFAULTTONEAREST), &monitor);
-  OffsetRect(&normal, monitor.rcWork.left - monitor.rcMonitor.left,
-             monitor.rcWork.top - monitor.rcMonitor.top);
+  const Rectangle normal = NormalPlaceOf(window_);
   const int dpi = DpiOf(window_);
-  const auto twips = [dpi](LONG length) {
-    return static_cast<int>(TwipsFromPixels(static_cast<int>(length), dpi));
-  };
+  const auto twips = [dpi](int length) { return static_cast<int>(TwipsFromPixels(length, dpi)); };
   return {.top = twips(normal.top),
           .left = twips(normal.left),
-          .height = twips(normal.bottom - normal.top),
-          .width = twips(normal.right - normal.left)};
+          .height = twips(normal.height),
+          .width = twips(normal.width)};
 }
 
 void InfoWindow::Minimise() {

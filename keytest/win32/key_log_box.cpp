@@ -8,6 +8,7 @@
 #include "platform/win32/accessible_name.h"
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/window_class.h"
 
 namespace deck {
 namespace {
@@ -15,16 +16,6 @@ namespace {
 constexpr int kTextMargin = 4;   // pixels left of the text
 constexpr int kScrollStep = 20;  // pixels, sideways
 constexpr int kWheelLinesUsual = 3;
-
-void RegisterBoxClass(WNDPROC procedure) {
-  WNDCLASSEXW description{};
-  description.cbSize = sizeof description;
-  description.lpfnWndProc = procedure;
-  description.hInstance = GetModuleHandleW(nullptr);
-  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.lpszClassName = kKeyLogBoxClass;
-  RegisterClassExW(&description);  // fails harmlessly when it was done before
-}
 
 RECT ClientOf(HWND window) {
   RECT client{};
@@ -87,7 +78,7 @@ void Report(const std::function<void(Arguments...)>& event, Arguments... argumen
 }  // namespace
 
 void KeyLogBox::Create(HWND parent, int id, const wchar_t* name) {
-  RegisterBoxClass(Procedure);
+  RegisterWindowClass({.name = kKeyLogBoxClass, .procedure = Procedure});
   Clear();
   isInvalid_ = false;
   window_ = CreateWindowExW(WS_EX_CLIENTEDGE, kKeyLogBoxClass, L"",

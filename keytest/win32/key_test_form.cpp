@@ -14,6 +14,7 @@
 #include "platform/win32/fonts.h"
 #include "platform/win32/program_icon.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/window_class.h"
 #include "platform/win32/window_front.h"
 #include "platform/win32/window_place.h"
 
@@ -32,53 +33,14 @@ constexpr COLORREF kWarningColour = 0xC0FFFF;
 
 constexpr UINT_PTR kTimer1 = 1;
 
-// The icon of the program, which has the lowest number.
-constexpr WORD kProgramIcon = 1;
-
 // Short enough for the least width of the window.
 constexpr const wchar_t* kWarningText = L"The controllers are not in programmed mode. Click here.";
-
-void RegisterFormClass(WNDPROC procedure) {
-  WNDCLASSEXW description{};
-  description.cbSize = sizeof description;
-  description.lpfnWndProc = procedure;
-  description.hInstance = GetModuleHandleW(nullptr);
-  description.hIcon = ProgramIcon();
-  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
-  description.lpszClassName = kClassName;
-  RegisterClassExW(&description);  // fails harmlessly when it was done before
-}
 
 HWND CreateLabel(HWND parent, ControlId id, const wchar_t* text, DWORD style) {
   return CreateWindowExW(0, L"STATIC", text,
                          WS_CHILD | WS_VISIBLE | SS_CENTERIMAGE | SS_NOPREFIX | style, 0, 0, 0, 0,
                          parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
                          GetModuleHandleW(nullptr), nullptr);
-}
-
-IconHandle LoadProgramIcon(int widthMetric, int heightMetric, int dpi) {
-  return IconHandle(static_cast<HICON>(
-      LoadImageW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon), IMAGE_ICON,
-                 SystemMetric(widthMetric, dpi), SystemMetric(heightMetric, dpi), 0)));
-}
-
-Rectangle FromRect(const RECT& rect) {
-  return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
-}
-
-RECT ToRect(const Rectangle& rectangle) {
-  return {rectangle.left, rectangle.top, rectangle.right(), rectangle.bottom()};
-}
-
-Rectangle PixelsOf(const WindowPlacement& placement, int dpi) {
-  return {PixelsFromTwips(placement.left, dpi), PixelsFromTwips(placement.top, dpi),
-          PixelsFromTwips(placement.width, dpi), PixelsFromTwips(placement.height, dpi)};
-}
-
-Rectangle OntoAMonitor(const Rectangle& window) {
-  const RECT rect = ToRect(window);
-  return IsOnAMonitor(rect) ? window : MovedInto(window, FromRect(WorkAreaNear(rect)));
 }
 
 void Move(HWND window, const Rectangle& place) {
@@ -96,7 +58,10 @@ std::u16string TextOf(HWND window) {
 }  // namespace
 
 KeyTestForm::KeyTestForm(MessageLoop& loop) : eventsBox_(kBlue), namesBox_(kSystemColour) {
-  RegisterFormClass(Procedure);
+  RegisterWindowClass({.name = kClassName,
+                       .procedure = Procedure,
+                       .icon = ProgramIcon(),
+                       .background = WindowGround()});
   JoinBox(KeyBox::kEvents);
   JoinBox(KeyBox::kNames);
   loop.AddFilter([this](MSG& message) { return Filter(message); });
@@ -180,7 +145,7 @@ void KeyTestForm::SetTimer1(int milliseconds) {
 }
 
 WindowPlacement KeyTestForm::Placement() const {
-  const Rectangle place = FromRect(NormalPlaceOf(window_));
+  const Rectangle place = NormalPlaceOf(window_);
   return {.left = TwipsFromPixels(place.left, dpi_),
           .top = TwipsFromPixels(place.top, dpi_),
           .width = TwipsFromPixels(place.width, dpi_),
@@ -188,9 +153,7 @@ WindowPlacement KeyTestForm::Placement() const {
 }
 
 void KeyTestForm::Place(const WindowPlacement& placement) {
-  // The monitor it goes to decides how large a twip is.
-  const Rectangle guess = OntoAMonitor(PixelsOf(placement, dpi_));
-  const Rectangle place = OntoAMonitor(PixelsOf(placement, DpiAt(ToRect(guess))));
+  const Rectangle place = PlaceOnAMonitor(placement, dpi_);
   const ScopeValue placing(placing_, true);
   Move(window_, place);
 }
@@ -215,7 +178,7 @@ void KeyTestForm::OnCreate() {
   // Keys are to arrive as they are, and not as parts of a composition.
   ImmAssociateContextEx(window_, nullptr, IACE_CHILDREN);
   SetFonts();
-  SetIcons();
+  icons_.Set(window_, dpi_);
 }
 
 void KeyTestForm::SetFonts() {
@@ -231,15 +194,6 @@ void KeyTestForm::SetFonts() {
   // Only now are the old ones out of use.
   labelFont_ = std::move(labelFont);
   boxFont_ = std::move(boxFont);
-}
-
-void KeyTestForm::SetIcons() {
-  IconHandle large = LoadProgramIcon(SM_CXICON, SM_CYICON, dpi_);
-  IconHandle small = LoadProgramIcon(SM_CXSMICON, SM_CYSMICON, dpi_);
-  SendMessageW(window_, WM_SETICON, ICON_BIG, reinterpret_cast<LPARAM>(large.Get()));
-  SendMessageW(window_, WM_SETICON, ICON_SMALL, reinterpret_cast<LPARAM>(small.Get()));
-  largeIcon_ = std::move(large);
-  smallIcon_ = std::move(small);
 }
 
 void KeyTestForm::ChooseFonts() {

@@ -20,6 +20,7 @@
 #include "platform/win32/box_owner.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/message_loop.h"
+#include "platform/win32/program_icon.h"
 
 namespace deck {
 
@@ -74,7 +75,6 @@ class KeyTestForm : public KeyTestView {
 
   void JoinBox(KeyBox box);
   void SetFonts();
-  void SetIcons();
   void ChooseFonts();
   void Arrange();
   void ShowMenuBar(HWND window, bool shown);
@@ -92,8 +92,7 @@ class KeyTestForm : public KeyTestView {
   std::array<BrushHandle, kLabels> brushes_;
   FontHandle labelFont_;
   FontHandle boxFont_;
-  IconHandle largeIcon_;
-  IconHandle smallIcon_;
+  FrameIcons icons_;
   // What the user chose for the boxes; kept until the program ends.
   std::optional<LOGFONTW> chosenFont_;
   int chosenSize_ = 0;  // tenths of a point

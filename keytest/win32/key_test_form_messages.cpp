@@ -207,7 +207,7 @@ void KeyTestForm::OnMinMaxInfo(MINMAXINFO& info) const {
 void KeyTestForm::OnDpiChanged(int dpi, const RECT& suggested) {
   dpi_ = dpi;
   SetFonts();
-  SetIcons();
+  icons_.Set(window_, dpi_);
   if (!placing_) {
     SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                  suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);

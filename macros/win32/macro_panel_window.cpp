@@ -17,23 +17,13 @@
 #include "platform/win32/subclass.h"
 #include "platform/win32/text_drag.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/window_class.h"
 
 namespace deck {
 namespace {
 
 constexpr const wchar_t* kClassName = L"FrameMacros";
 constexpr int kHeadingsShownAtOnce = 20;
-
-void RegisterFrameClass(WNDPROC procedure) {
-  WNDCLASSEXW description{};
-  description.cbSize = sizeof description;
-  description.lpfnWndProc = procedure;
-  description.hInstance = GetModuleHandleW(nullptr);
-  description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
-  description.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
-  description.lpszClassName = kClassName;
-  RegisterClassExW(&description);  // fails harmlessly when it was done before
-}
 
 HWND CreateControl(const wchar_t* name, const wchar_t* text, DWORD style, DWORD extendedStyle,
                    HWND parent, int id) {
@@ -71,7 +61,7 @@ void Report(const std::function<void(Arguments...)>& event, Arguments... argumen
 }  // namespace
 
 MacroPanelWindow::MacroPanelWindow(HWND parent) {
-  RegisterFrameClass(Procedure);
+  RegisterWindowClass({.name = kClassName, .procedure = Procedure, .background = WindowGround()});
   // The handle is taken from the window's first message.
   CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, L"FrameMacros",
                   WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS, 0, 0, 0, 0, parent,

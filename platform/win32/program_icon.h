@@ -1,7 +1,9 @@
-// The program's icon for the frames of windows beside the main one.
+// The program's icon for the frames of its windows.
 #pragma once
 
 #include <windows.h>
+
+#include "platform/win32/handles.h"
 
 namespace deck {
 
@@ -10,8 +12,16 @@ inline constexpr int kProgramIcon = 1;
 
 // Shared: not to be destroyed. The system finds the smaller image of the frame by it. Null in a
 // program without the icon.
-inline HICON ProgramIcon() {
-  return LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon));
-}
+HICON ProgramIcon();
+
+// The images that a window's frame and its task bar button show, sharp at the window's resolution.
+class FrameIcons {
+ public:
+  void Set(HWND window, int dpi);
+
+ private:
+  IconHandle large_;
+  IconHandle small_;
+};
 
 }  // namespace deck

@@ -3,16 +3,29 @@
 
 #include <windows.h>
 
+#include "platform/main_window_view.h"
+#include "platform/rectangle.h"
+
 namespace deck {
 
+Rectangle FromRect(const RECT& rect);
+RECT ToRect(const Rectangle& rectangle);
+
+Rectangle PlaceOf(HWND window);
+
 // The window's place when it is neither minimised nor maximised, whatever it is now.
-RECT NormalPlaceOf(HWND window);
+Rectangle NormalPlaceOf(HWND window);
 
-// The part of a monitor that task bars leave free: of the monitor that holds most of the rectangle,
-// or of the nearest one.
-RECT WorkAreaNear(const RECT& place);
+// Monitors: the one that holds most of the window or rectangle, or else the nearest one.
 
-// Whether any part of the rectangle lies on a monitor.
-bool IsOnAMonitor(const RECT& place);
+// All of the monitor.
+Rectangle MonitorAt(HWND window);
+// What task bars leave of it.
+Rectangle WorkAreaAt(const Rectangle& place);
+
+// A place for a window that is to be shown there: of a place in twips, each the size it has on the
+// monitor that it goes to. Where there is no monitor it is moved onto the nearest one. `dpi` is
+// that of the window now.
+Rectangle PlaceOnAMonitor(const WindowPlacement& twips, int dpi);
 
 }  // namespace deck

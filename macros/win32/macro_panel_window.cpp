@@ -24,6 +24,7 @@ namespace {
 
 constexpr const wchar_t* kClassName = L"FrameMacros";
 constexpr int kHeadingsShownAtOnce = 20;
+constexpr int kEdgeStep = 16;  // pixels at 96 dpi, for each press of a key
 
 HWND CreateControl(const wchar_t* name, const wchar_t* text, DWORD style, DWORD extendedStyle,
                    HWND parent, int id) {
@@ -42,6 +43,10 @@ POINT PointOf(LPARAM lParam) {
 
 bool ShiftIsDown() {
   return GetKeyState(VK_SHIFT) < 0;
+}
+
+bool ControlIsDown() {
+  return GetKeyState(VK_CONTROL) < 0;
 }
 
 bool IsHandledAsKey(WPARAM character) {
@@ -218,7 +223,7 @@ void MacroPanelWindow::OnCommand(WORD control, WORD code) {
 
 LRESULT MacroPanelWindow::HandleCombo(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_MOUSEMOVE && HasPointerMoved(combo_, lParam)) Report(events.headingPointer);
-  if (message == WM_KEYDOWN && OnComboKey(wParam)) return 0;
+  if (message == WM_KEYDOWN && (OnEdgeKey(wParam) || OnComboKey(wParam))) return 0;
   if (message == WM_CHAR && IsHandledAsKey(wParam)) return 0;
   return CallSubclassed(window, message, wParam, lParam);
 }
@@ -242,7 +247,7 @@ LRESULT MacroPanelWindow::HandleList(HWND window, UINT message, WPARAM wParam, L
   switch (message) {
     case WM_KEYDOWN:
       dragged_ = false;
-      if (OnListKey(wParam)) return 0;
+      if (OnEdgeKey(wParam) || OnListKey(wParam)) return 0;
       break;
     case WM_CHAR:
       if (IsHandledAsKey(wParam)) return 0;
@@ -333,6 +338,20 @@ void MacroPanelWindow::BeginEdgeDrag(int x) {
 
 void MacroPanelWindow::MoveEdge(int x) const {
   Report(events.splitterMoved, ScaleFromDpi(std::max(x + edge_.offset, 1), dpi_));
+}
+
+// Ctrl with an arrow, which means nothing else to the headings and the macros.
+bool MacroPanelWindow::OnEdgeKey(WPARAM key) const {
+  if (!ControlIsDown() || (key != VK_LEFT && key != VK_RIGHT)) return false;
+  const int before = Width();
+  const int wanted = key == VK_LEFT ? before - kEdgeStep : before + kEdgeStep;
+  Report(events.splitterMoved, std::max(wanted, 1));
+  if (Width() != before) {
+    Report(events.splitterDragged, Width());
+  } else {
+    Report(events.splitterMoved, before);
+  }
+  return true;
 }
 
 void MacroPanelWindow::EndEdgeDrag(bool keep) {

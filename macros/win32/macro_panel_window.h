@@ -1,5 +1,6 @@
 // `FrameMacros` with the headings (`Combo1`) and the macros of the chosen one (`List1`), and the
-// edge on its right by which its width is dragged. Owned by the main window, which lays it out.
+// edge on its right by which its width is dragged, or moved with Ctrl and the arrow keys. Owned by
+// the main window, which lays it out.
 #pragma once
 
 #include <windows.h>
@@ -26,7 +27,7 @@ class MacroPanelWindow : public MacroPanelView {
     std::function<void()> listPointer;
     // Gives the text to drag, empty for none.
     std::function<std::u16string(int index)> dragStarted;
-    std::function<void(int width)> splitterMoved;    // while the edge is dragged
+    std::function<void(int width)> splitterMoved;    // while the edge is dragged or moved by keys
     std::function<void(int width)> splitterDragged;  // at the end, after the last splitterMoved
     std::function<void()> left;                      // Escape or Tab: the text gets the focus
   };
@@ -67,6 +68,7 @@ class MacroPanelWindow : public MacroPanelView {
   void LayOut();
   void OnCommand(WORD control, WORD code);
   bool OnComboKey(WPARAM key);
+  bool OnEdgeKey(WPARAM key) const;
   bool OnListKey(WPARAM key);
   bool OnListMouseMove(WPARAM keys, POINT where, bool moved);
   void BeginDrag();

@@ -29,6 +29,14 @@ class MacroPanelWindowTest : public MainWindowFixture {
     SendMessageW(control, WM_KEYDOWN, key, 1);
     SendMessageW(control, WM_KEYUP, key, static_cast<LPARAM>(0xC0000001));
   }
+  static void ControlKey(HWND control, WORD key) {
+    std::array<BYTE, 256> keys{};
+    keys[VK_CONTROL] = 0x80;
+    SetKeyboardState(keys.data());
+    SendMessageW(control, WM_KEYDOWN, key, 1);
+    keys = {};
+    SetKeyboardState(keys.data());
+  }
   void DragEdge(int byPixels) {
     const int edge = PlaceOf(Frame()).width - kSplitterMiddle;
     Mouse(Frame(), WM_LBUTTONDOWN, {edge, 100}, MK_LBUTTON);
@@ -218,6 +226,43 @@ TEST_F(MacroPanelWindowTest, EdgeStopsWhereThePanelIsNarrowestAndWhereTheTextNee
   EXPECT_EQ(events, std::vector<std::string>{"splitter 100"});
   DragEdge(3000);
   EXPECT_EQ(PlaceOf(Tabs()).width, kNarrowestTabStrip);
+}
+
+TEST_F(MacroPanelWindowTest, CtrlWithAnArrowMovesTheEdgeAStepAndReportsItAsADrag) {
+  for (const HWND control : {Macros(), Headings()}) {
+    const auto chosen =
+        SendMessageW(control, control == Macros() ? LB_GETCURSEL : CB_GETCURSEL, 0, 0);
+    events.clear();
+    const int before = FrameWidth();
+    ControlKey(control, VK_RIGHT);
+    EXPECT_EQ(FrameWidth(), before + 16);
+    EXPECT_EQ(PlaceOf(Tabs()).left, before + 16);
+    EXPECT_EQ(events, std::vector<std::string>{"splitter " + std::to_string(before + 16)});
+    ControlKey(control, VK_LEFT);
+    EXPECT_EQ(FrameWidth(), before);
+    EXPECT_EQ(SendMessageW(control, control == Macros() ? LB_GETCURSEL : CB_GETCURSEL, 0, 0),
+              chosen);
+  }
+}
+
+TEST_F(MacroPanelWindowTest, KeysStopTheEdgeWhereTheMouseStopsIt) {
+  window.PositionControls(kNarrowestMacroFrame + 10);
+  ControlKey(Macros(), VK_LEFT);
+  EXPECT_EQ(FrameWidth(), kNarrowestMacroFrame);
+  events.clear();
+  ControlKey(Macros(), VK_LEFT);
+  EXPECT_EQ(FrameWidth(), kNarrowestMacroFrame);
+  EXPECT_EQ(events, std::vector<std::string>{});
+  window.PositionControls(3000);
+  ControlKey(Macros(), VK_RIGHT);
+  EXPECT_EQ(PlaceOf(Tabs()).width, kNarrowestTabStrip);
+  EXPECT_EQ(events, std::vector<std::string>{});
+}
+
+TEST_F(MacroPanelWindowTest, ArrowsWithoutCtrlLeaveTheEdge) {
+  Key(Macros(), VK_RIGHT);
+  Key(Headings(), VK_LEFT);
+  EXPECT_EQ(FrameWidth(), 300);
 }
 
 TEST_F(MacroPanelWindowTest, LosingTheMouseWhileDraggingPutsTheEdgeBack) {

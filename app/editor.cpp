@@ -351,6 +351,10 @@ void Editor::OnFilesDropped(const std::vector<std::u16string>& paths) {
   for (const std::u16string& path : paths) files_.OpenPreviouslySavedFiles(path);
 }
 
+void Editor::OnFileHandedOver(const std::u16string& path) {
+  if (IsLoaded() && FileExists(ports_.files, path)) files_.OpenPreviouslySavedFiles(path);
+}
+
 void Editor::OnMenuOpening(Menu menu) {
   if (menu == Menu::kEdit && IsLoaded()) ShowEditCommands();
 }

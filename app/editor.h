@@ -100,6 +100,8 @@ class Editor {
   void OnToolbarHovered(CommandId command);
   void OnStatusBarHovered();
   void OnFilesDropped(const std::vector<std::u16string>& paths);
+  // By a later start; `path` is absolute. Opened as a recent file is; nothing when it is gone.
+  void OnFileHandedOver(const std::u16string& path);
   void OnMenuOpening(Menu menu);
   void OnTimer(TimerId timer);
   void OnMinimised();

@@ -91,6 +91,11 @@ void ReadHostPreferences(const ProfileFiles& profiles, const std::u16string& app
   for (const NumberRow& row : kOwnRows) Read(profiles, settings.SettingsPath, row, settings);
 }
 
+bool WantsSingleInstance(const ProfileFiles& profiles, const std::u16string& applicationFolder) {
+  return profiles.ReadInteger(applicationFolder + u"\\WrenDeck.ini", kUnsupported,
+                              u"SingleInstance", 0) == 1;
+}
+
 EditorPosition GetEditorPosition(const ProfileFiles& profiles, const Settings& settings) {
   const std::u16string& file = settings.SettingsPath;
   EditorPosition position;

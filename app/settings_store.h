@@ -31,6 +31,10 @@ struct EditorPosition {
 void ReadHostPreferences(const ProfileFiles& profiles, const std::u16string& applicationFolder,
                          Settings& settings);
 
+// Whether a start shall hand its file to the editor that runs already: "SingleInstance" is
+// exactly 1.
+bool WantsSingleInstance(const ProfileFiles& profiles, const std::u16string& applicationFolder);
+
 // The ticks and the main window's place. The rectangle counts only in the normal state.
 EditorPosition GetEditorPosition(const ProfileFiles& profiles, const Settings& settings);
 

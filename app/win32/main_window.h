@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "app/command_table.h"
+#include "app/hand_over.h"
 #include "app/win32/menu_bar.h"
 #include "app/win32/status_bar_control.h"
 #include "app/win32/tab_strip.h"
@@ -50,7 +51,11 @@ class MainWindow : public MainWindowView {
     std::function<void(bool lookedAt)> lookedAt;  // any window of the program is the active one
     std::function<bool()> queryUnload;            // may the window close?
     std::function<void()> unload;                 // it closes now
-    std::function<void()> stayOpen;               // Windows does not shut down after all
+    // Unset: later starts are not listened to. Whether the message loop waits for the user, and
+    // what a later start hands over.
+    std::function<bool()> isWaiting;
+    std::function<void(const std::u16string& path)> fileHandedOver;
+    std::function<void()> stayOpen;  // Windows does not shut down after all
   };
 
   // Makes the window, hidden. The thread needs OLE and the common controls.
@@ -108,6 +113,7 @@ class MainWindow : public MainWindowView {
   bool ShowWorkPointer() const;
   std::optional<LRESULT> OnMenuChar(WPARAM wParam);
   void OnFilesDropped(const std::vector<std::u16string>& paths);
+  LRESULT OnCopyData(const COPYDATASTRUCT& data);
   void OnTimer(WPARAM timer);
   void OnClose();
   bool OnQueryEndSession();
@@ -115,6 +121,8 @@ class MainWindow : public MainWindowView {
   // False while a message box or dialog waits for its answer.
   bool IsUsable() const;
   bool MayClose() const;
+  EditorState State() const;
+  void ComeToFront();
   void End();
 
   void CreateParts();
@@ -147,6 +155,7 @@ class MainWindow : public MainWindowView {
   WindowState stateToShow_ = WindowState::kNormal;
   bool minimised_ = false;
   bool placing_ = false;  // the place is set by Place: no size that the system suggests counts
+  int depth_ = 0;         // of messages that are dealt with inside each other
   bool closed_ = false;
 };
 

@@ -8,11 +8,13 @@
 #include <string>
 #include <utility>
 
+#include "platform/scope_value.h"
 #include "platform/twips.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/window_front.h"
 
 namespace deck {
 namespace {
@@ -63,6 +65,7 @@ LRESULT CALLBACK MainWindow::Procedure(HWND window, UINT message, WPARAM wParam,
   if (self == nullptr) return DefWindowProcW(window, message, wParam, lParam);
   if (message == WM_NCDESTROY) SetWindowLongPtrW(window, GWLP_USERDATA, 0);
   return InProcedure([&] {
+    const ScopeValue depth(self->depth_, self->depth_ + 1);
     const std::optional<LRESULT> answer = self->Handle(message, wParam, lParam);
     return answer ? *answer : DefWindowProcW(window, message, wParam, lParam);
   });
@@ -99,6 +102,8 @@ std::optional<LRESULT> MainWindow::Handle(UINT message, WPARAM wParam, LPARAM lP
     case kFocusMacros:
       macroPanel_->Focus();
       return 0;
+    case WM_COPYDATA:
+      return OnCopyData(*reinterpret_cast<COPYDATASTRUCT*>(lParam));
     case WM_DROPFILES:
       OnFilesDropped(TakePaths(reinterpret_cast<HDROP>(wParam)));
       return 0;
@@ -203,6 +208,31 @@ void MainWindow::OnFilesDropped(const std::vector<std::u16string>& paths) {
   if (!IsUsable()) return;
   SetForegroundWindow(window_);
   Report(events.filesDropped, paths);
+}
+
+// From any program. What is to be opened is opened here, while nothing else can come between; the
+// sender is let go first, for the user may be asked a question.
+LRESULT MainWindow::OnCopyData(const COPYDATASTRUCT& data) {
+  if (!events.isWaiting) return static_cast<LRESULT>(HandOverReply::kRefused);
+  const auto* bytes = static_cast<const char*>(data.lpData);
+  const HandOverAnswer answer =
+      AnswerHandOver(data.dwData, {bytes, bytes != nullptr ? data.cbData : 0}, State());
+  const auto reply = static_cast<LRESULT>(answer.reply);
+  ReplyMessage(reply);
+  if (answer.comeToFront) ComeToFront();
+  if (!answer.fileToOpen.empty()) Report(events.fileHandedOver, answer.fileToOpen);
+  return reply;
+}
+
+EditorState MainWindow::State() const {
+  if (closed_) return EditorState::kClosed;
+  const bool idle = IsUsable() && depth_ == 1 && events.isWaiting();
+  return idle ? EditorState::kIdle : EditorState::kBusy;
+}
+
+void MainWindow::ComeToFront() {
+  if (IsIconic(window_)) ShowWindow(window_, SW_RESTORE);
+  ShowInFront(GetLastActivePopup(window_));
 }
 
 void MainWindow::OnTimer(WPARAM timer) {

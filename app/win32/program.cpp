@@ -4,6 +4,8 @@
 
 #include <vector>
 
+#include "app/win32/running_editor.h"
+
 namespace deck {
 
 Program::WindowSystem::WindowSystem() {
@@ -32,6 +34,14 @@ Program::~Program() {
 
 bool Program::Load(const std::u16string& applicationFolder, std::u16string_view commandLine) {
   return editor_.Load(applicationFolder, commandLine);
+}
+
+void Program::TakeHandedOverFiles() {
+  window_.events.isWaiting = [this] { return loop_.IsWaiting(); };
+  window_.events.fileHandedOver = [this](const std::u16string& path) {
+    editor_.OnFileHandedOver(path);
+  };
+  LetItBeFound(window_.Handle());
 }
 
 int Program::Run() {
@@ -70,6 +80,8 @@ void Program::ConnectWindow() {
       .lookedAt = [this](bool lookedAt) { editor_.OnLookedAt(lookedAt); },
       .queryUnload = [this] { return editor_.QueryUnload(); },
       .unload = [this] { editor_.Unload(); },
+      .isWaiting = {},  // TakeHandedOverFiles
+      .fileHandedOver = {},
       .stayOpen = [this] { editor_.StayOpen(); },
   };
 }

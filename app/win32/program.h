@@ -40,6 +40,8 @@ class Program {
 
   // As Editor::Load.
   [[nodiscard]] bool Load(const std::u16string& applicationFolder, std::u16string_view commandLine);
+  // Listens to later starts, which may hand over their files.
+  void TakeHandedOverFiles();
   // Shows the window and runs until it is closed; gives the exit code.
   int Run();
 

@@ -2,11 +2,19 @@
 #include <windows.h>
 
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "app/hand_over.h"
+#include "app/settings_store.h"
+#include "app/startup_file.h"
 #include "app/win32/program.h"
+#include "app/win32/running_editor.h"
 #include "platform/strings.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/win32_code_page.h"
+#include "platform/win32/win32_files.h"
+#include "platform/win32/win32_profile_files.h"
 
 namespace deck {
 namespace {
@@ -34,13 +42,33 @@ std::u16string ApplicationFolder() {
   return folder;
 }
 
+// Without the setting every start is an editor of its own.
+StartAs HowToStart(const std::u16string& applicationFolder, std::u16string_view commandLine,
+                   RunningEditor& other) {
+  const Win32CodePage codePage;
+  if (!WantsSingleInstance(Win32ProfileFiles(codePage), applicationFolder)) {
+    return StartAs::kBesideOthers;
+  }
+  const Win32Files files;
+  const std::u16string file = StartupFileOf(commandLine);
+  return HandOver(FileExists(files, file) ? files.Absolute(file) : std::u16string(),
+                  {.claim = [&](int milliseconds) { return other.Claim(milliseconds); },
+                   .tell = [&](const std::string& bytes) { return other.Tell(bytes); }});
+}
+
 }  // namespace
 }  // namespace deck
 
 int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
   deck::NarrowLibrarySearch();
+  const std::u16string folder = deck::ApplicationFolder();
+  const std::u16string commandLine = deck::FromWide(GetCommandLineW());
+  deck::RunningEditor other;
+  const deck::StartAs startAs = deck::HowToStart(folder, commandLine, other);
+  if (startAs == deck::StartAs::kHandedOver) return 0;
   deck::Program program;
-  if (!program.Load(deck::ApplicationFolder(), deck::FromWide(GetCommandLineW()))) return 1;
+  if (!program.Load(folder, commandLine)) return 1;
+  if (startAs == deck::StartAs::kOnlyEditor) program.TakeHandedOverFiles();
   // After an update or a crash Windows starts the program again, and unsaved texts come back. Where
   // it cannot, the user starts it.
   static_cast<void>(RegisterApplicationRestart(L"", 0));

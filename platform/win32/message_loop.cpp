@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/scope_value.h"
+
 namespace deck {
 namespace {
 
@@ -30,8 +32,14 @@ void MessageLoop::Dispatch(MSG& message) {
 
 int MessageLoop::Run() {
   MSG message{};
-  while (GetMessageW(&message, nullptr, 0, 0) > 0) Dispatch(message);
+  while (Wait(message)) Dispatch(message);
   return static_cast<int>(message.wParam);
+}
+
+// False for an order to quit.
+bool MessageLoop::Wait(MSG& message) {
+  const ScopeValue waiting(waiting_, true);
+  return GetMessageW(&message, nullptr, 0, 0) > 0;
 }
 
 void MessageLoop::Pump() {

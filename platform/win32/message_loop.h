@@ -26,18 +26,22 @@ class MessageLoop {
   void Dispatch(MSG& message);
   // Runs until the thread is told to quit; gives the exit code.
   int Run();
+  // Run waits for the next message: the thread is in no command, box, menu or pump.
+  bool IsWaiting() const { return waiting_; }
   // Dispatches what is pending and returns. With nothing pending it waits a moment for more, so
   // that a command that pumps in a loop leaves the processor to others. An order to quit is left
   // for Run.
   void Pump();
 
  private:
+  bool Wait(MSG& message);
   bool TranslateShortcut(MSG& message) const;
 
   std::vector<Filter> filters_;
   std::vector<HWND> dialogs_;
   HWND shortcutWindow_ = nullptr;
   HACCEL shortcuts_ = nullptr;
+  bool waiting_ = false;
 };
 
 }  // namespace deck

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstring>
+#include <functional>
 #include <new>
 #include <regex>
 #include <string>
@@ -53,6 +54,81 @@ class MainWindowTest : public MainWindowFixture {
     return PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_NOREMOVE) != 0;
   }
 };
+
+// What a later start would send; gives the reply.
+LRESULT HandOverTo(HWND window, ULONG_PTR kind, std::string bytes) {
+  COPYDATASTRUCT data{kind, static_cast<DWORD>(bytes.size()), bytes.data()};
+  return SendMessageW(window, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data));
+}
+
+struct LaterStarts : MainWindowTest {
+  LaterStarts() {
+    window.events.isWaiting = [this] { return waiting; };
+    window.events.fileHandedOver = [this](const std::u16string& path) {
+      events.push_back("handed over " + Narrow(path));
+      if (whileOpening) whileOpening();
+    };
+  }
+  LRESULT HandOver(std::u16string_view path) {
+    return HandOverTo(Handle(), kHandOverKind, EncodeHandOver(path));
+  }
+
+  bool waiting = true;
+  std::function<void()> whileOpening;
+};
+
+TEST_F(LaterStarts, HandOverAFileToAWindowThatWaitsForTheUser) {
+  EXPECT_EQ(HandOver(u"C:\\a.tmj"), static_cast<LRESULT>(HandOverReply::kTaken));
+  EXPECT_TRUE(Happened("handed over C:\\a.tmj"));
+}
+
+TEST_F(LaterStarts, AreAskedToComeAgainDuringABoxACommandOrAnotherFile) {
+  const auto busy = static_cast<LRESULT>(HandOverReply::kBusy);
+  EnableWindow(Handle(), FALSE);
+  EXPECT_EQ(HandOver(u"C:\\a.tmj"), busy);
+  EnableWindow(Handle(), TRUE);
+  waiting = false;
+  EXPECT_EQ(HandOver(u"C:\\a.tmj"), busy);
+  waiting = true;
+  EXPECT_FALSE(Happened("handed over C:\\a.tmj"));
+  LRESULT second = 0;
+  whileOpening = [&] { second = HandOver(u"C:\\b.tmj"); };
+  EXPECT_EQ(HandOver(u"C:\\a.tmj"), static_cast<LRESULT>(HandOverReply::kTaken));
+  EXPECT_EQ(second, busy);
+  EXPECT_FALSE(Happened("handed over C:\\b.tmj"));
+}
+
+TEST_F(LaterStarts, BringAMinimisedWindowBackWithoutAFile) {
+  ShowWindowed();
+  ShowWindow(Handle(), SW_MINIMIZE);
+  ASSERT_TRUE(IsIconic(Handle()));
+  EXPECT_EQ(HandOver(u""), static_cast<LRESULT>(HandOverReply::kTaken));
+  EXPECT_FALSE(IsIconic(Handle()));
+}
+
+TEST_F(LaterStarts, FindAWindowClosedThatIsOnItsWayOut) {
+  SendMessageW(Handle(), WM_CLOSE, 0, 0);
+  EXPECT_EQ(HandOver(u""), static_cast<LRESULT>(HandOverReply::kBusy));
+  EXPECT_EQ(HandOver(u"C:\\a.tmj"), static_cast<LRESULT>(HandOverReply::kBusy));
+  EXPECT_FALSE(Happened("handed over C:\\a.tmj"));
+}
+
+TEST_F(LaterStarts, CannotMakeItDoAnythingElse) {
+  events.clear();
+  for (const std::string& bytes :
+       {std::string(), std::string("x"), std::string(3000, '\xFF'), EncodeHandOver(u"a.tmj"),
+        EncodeHandOver(u"\\\\.\\COM1"), std::string("C\0:\0\\\0a\0", 8)}) {
+    EXPECT_EQ(HandOverTo(Handle(), kHandOverKind, bytes), 0);
+  }
+  EXPECT_EQ(HandOverTo(Handle(), 1, EncodeHandOver(u"C:\\a.tmj")), 0);
+  COPYDATASTRUCT empty{static_cast<ULONG_PTR>(kHandOverKind), 100, nullptr};
+  EXPECT_EQ(SendMessageW(Handle(), WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&empty)), 0);
+  EXPECT_EQ(events, std::vector<std::string>());
+}
+
+TEST_F(MainWindowTest, RefusesFilesOfLaterStartsUnlessItListens) {
+  EXPECT_EQ(HandOverTo(Handle(), kHandOverKind, EncodeHandOver(u"C:\\a.tmj")), 0);
+}
 
 TEST_F(MainWindowTest, IsFoundByClassAndTitle) {
   EXPECT_EQ(FindWindowW(L"Editor", L"Wren Deck"), Handle());

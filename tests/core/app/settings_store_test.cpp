@@ -102,6 +102,20 @@ TEST_F(SettingsStoreTest, ReadsNumbersAsTheSystemDoesAndKeepsTheDefaultBeyond16B
   }
 }
 
+TEST_F(SettingsStoreTest, WantsASingleInstanceForExactlyOneUnderUnsupportedOnly) {
+  EXPECT_FALSE(WantsSingleInstance(profiles, u"C:\\Host"));
+  Put(kOwn, u"Miscellaneous", u"SingleInstance", u"1");
+  Put(kHost, u"Unsupported", u"SingleInstance", u"1");
+  EXPECT_FALSE(WantsSingleInstance(profiles, u"C:\\Host"));
+  for (const std::u16string_view other : {u"0", u"2", u"-1", u"yes", u"65537"}) {
+    Put(kOwn, u"Unsupported", u"SingleInstance", other);
+    EXPECT_FALSE(WantsSingleInstance(profiles, u"C:\\Host"));
+  }
+  Put(kOwn, u"Unsupported", u"SingleInstance", u"1");
+  EXPECT_TRUE(WantsSingleInstance(profiles, u"C:\\Host"));
+  EXPECT_FALSE(WantsSingleInstance(profiles, u"C:\\Other"));
+}
+
 TEST_F(SettingsStoreTest, OpensMaximisedAtTheFirstStart) {
   Read();
   const EditorPosition position = Position();

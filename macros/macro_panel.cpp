@@ -158,11 +158,15 @@ void MacroPanel::UpdateMacroList() {
   documents_.GetCurrentTextBox();
   const Document& document = documents_.Current();
   if (!IsMacroFile(document.caption)) return;
+  bool saved = false;
   if (document.modifiedFlag == 1) {
     const Answer answer = ports_.prompts.Show(SaveQuestion(document.caption));
     if (answer == Answer::kCancel) return;
-    if (answer == Answer::kYes && !links.save()) return;
+    saved = answer == Answer::kYes;
+    if (saved && !links.save()) return;
   }
+  // Who asks for the list gets it anew, also from a file that has not changed. A save has done so.
+  if (!saved) ClearAllForNewMacroFile();
   // Asked anew: a read-only file may have been saved elsewhere.
   ShowMacrosOf(documents_.Current().path);
 }

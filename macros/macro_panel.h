@@ -65,8 +65,8 @@ class MacroPanel {
   // Shows or hides the panel and lays the window out again.
   void ViewMacros(bool show);
   void ToggleViewMacros() { ViewMacros(!shown_); }
-  // Analyses the macro file in the current tab again, asking first to save what was typed. Does
-  // nothing on a tab with any other file.
+  // Builds the list anew from the macro file in the current tab, asking first to save what was
+  // typed; "All" is chosen again. Does nothing on a tab with any other file.
   void UpdateMacroList();
 
   // Events of the two controls; indexes count from 0 and others than those shown do nothing.

@@ -7,13 +7,12 @@
 //
 // - tabs become blanks, leading blanks go, several blanks become one, in quoted text too;
 // - a statement (btn, curve, joyx, joyy, thr, rddr, lbrk, rbrk, mix, miy, ant, rng; in any case,
-// and
-//   as the beginning of a longer word too) stays in column 1 and says where its modifiers stand;
+//   and as the beginning of a longer word too) stays in column 1 and says where its modifiers
+//   stand;
 // - a line that begins with "/I" goes under the "/O" of the last line with a slash in it, "/O"
-// under
-//   its "/I", "/P" under its "/R", "/R" under its "/P", "/T" under its "/T"; where that line has
-//   none, to the place that the last statement gave: of "/I" or else "/O", of "/P" or else "/R", of
-//   "/T"; where there is none either, nowhere;
+//   under its "/I", "/P" under its "/R", "/R" under its "/P", "/T" under its "/T"; where that line
+//   has none, to the place that the last statement gave: of "/I" or else "/O", of "/P" or else
+//   "/R", of "/T"; where there is none either, nowhere;
 // - any other line with "/U", "/M" or "/D" in it goes to the place of the last statement's "/U" or
 //   else "/M" or else "/D".
 //
@@ -40,8 +39,7 @@ struct AlignOptions {
 // for blanks and tabs.
 //
 // Aligning the result again changes nothing, unless a comment that the text holds behind blanks has
-// a
-// "/": it takes part the first time, and is left alone once it begins in column 1. A third time
+// a "/": it takes part the first time, and is left alone once it begins in column 1. A third time
 // never changes anything.
 std::u16string AlignSlashes(std::u16string_view text, const AlignOptions& options);
 

@@ -611,6 +611,47 @@ TEST_F(MainJobTest, SavingTheMacroFileShowsItsNewMacros) {
   EXPECT_EQ(Panel(1), u"a.tmm successfully saved");
 }
 
+TEST_F(MainJobTest, TheViewMenuShowsThePanelAndBringsTheListUpToDate) {
+  files.AddFile(u"C:\\a.tmm", "A1 = b\r\n");
+  Start();
+  editor.Execute(CommandId::kViewMacros);
+  EXPECT_EQ(view.macroFrameWidth, 300);
+  editor.Execute(CommandId::kViewMacros);
+  EXPECT_EQ(view.macroFrameWidth, 0);
+
+  Open(u"C:\\a.tmm");
+  files.AddFile(u"C:\\a.tmm", "A1 = b\r\nB2 = c\r\n");
+  editor.Execute(CommandId::kUpdateMacroList);
+  EXPECT_EQ(panel.macros, (Texts{u"A1", u"B2"}));
+  EXPECT_EQ(view.macroFrameWidth, 300);
+}
+
+TEST_F(MainJobTest, BringingTheListUpToDateSavesTheMacroFileFirst) {
+  files.AddFile(u"C:\\a.tmm", "A1 = b\r\n");
+  Start();
+  Open(u"C:\\a.tmm");
+  Box().Type(u"B2 = c\n");
+  prompts.answers = {Answer::kYes};
+  editor.Execute(CommandId::kUpdateMacroList);
+  EXPECT_EQ(files.Content(u"C:\\a.tmm"), "B2 = c\r\nA1 = b\r\n");
+  EXPECT_EQ(panel.macros, (Texts{u"B2", u"A1"}));
+  EXPECT_EQ(Panel(3), u"Saved");
+  EXPECT_EQ(prompts.shown.size(), 1u);
+}
+
+TEST_F(MainJobTest, AJoystickFileThatNamesItselfIsAskedAboutOnce) {
+  files.AddFile(u"C:\\a.tmj", "USE MDEF .\\sub\\..\\a.tmj\r\n");
+  files.AddFolder(u"C:\\sub");
+  Start();
+  prompts.answers = {Answer::kNo};
+  Open(u"C:\\a.tmj");
+  EXPECT_EQ(view.Captions(), Captions{u"a.tmj"});
+  ASSERT_EQ(prompts.shown.size(), 1u);
+  EXPECT_EQ(prompts.shown[0].title, u"File already open");
+  EXPECT_EQ(Panel(1), u"a.tmj successfully opened");
+  EXPECT_EQ(Box().Selection(), TextSpan{});
+}
+
 TEST_F(MainJobTest, ClosingAMacroFileEmptiesThePanel) {
   files.AddFile(u"C:\\a.tmm", "A1 = b\r\n");
   Start();

@@ -73,7 +73,7 @@ INSTANTIATE_TEST_SUITE_P(Values, WaitSettingValues,
                                          Default(u"abc12"), Default(u"1 000"), Default(u"1.5"),
                                          Default(u"0x10"), Default(u"-"), Default(u"+"),
                                          Default(u"+-5"), Default(u"--5"), Default(u"\u0661"),
-                                         Default(u"1\u20AC")));
+                                         Default(u"1\u20AC"), Default(u"1\u0130")));
 
 }  // namespace
 }  // namespace deck

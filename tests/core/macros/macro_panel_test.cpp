@@ -672,6 +672,18 @@ TEST_F(UpdateMacroList, AnalysesAnUnmodifiedMacroFileWithoutAQuestion) {
   EXPECT_EQ(TakeMessages(), (Texts{kOpening, kAnalysing, u"Done"}));
 }
 
+TEST_F(UpdateMacroList, BuildsTheListAnewAlsoFromAFileThatHasNotChanged) {
+  Open(kMacroFile, u"");
+  macros.Analyse(kMacroFile);
+  macros.OnHeadingChosen(2);
+  macros.OnMacroClicked(0);
+  ASSERT_EQ(view.macros, Texts{u"PADLOCK"});
+  macros.UpdateMacroList();
+  ExpectJetMacros();
+  EXPECT_EQ(view.selectedHeading, 0);
+  EXPECT_EQ(macros.ChosenMacro(), u"");
+}
+
 TEST_F(UpdateMacroList, OnlyTheFlag1MeansUnsavedChanges) {
   Open(kMacroFile, u"").modifiedFlag = 2;
   macros.UpdateMacroList();

@@ -124,6 +124,17 @@ TEST(UnRemSteps, LeavesEveryOtherLineAlone) {
     EXPECT_EQ(UnRem(u"[]" + line), u"[]" + line);
 }
 
+TEST(UnRemSteps, HasNoStepForALineThatStays) {
+  EXPECT_EQ(UnRemSteps(u"Rem a\nREMARK\nrem b", {0, 18}).steps.size(), 2u);
+  EXPECT_TRUE(UnRemSteps(u"   rem a\n// b", {0, 13}).steps.empty());
+}
+
+TEST(UnRemSteps, ClampsASelectionOutsideTheText) {
+  EXPECT_EQ(CarriedOut(u"rem a\nrem b", UnRemSteps(u"rem a\nrem b", {-3, 100})), u"a\n[]b");
+  EXPECT_EQ(CarriedOut(u"rem a\nrem b", UnRemSteps(u"rem a\nrem b", {-3, 0})), u"[]a\nrem b");
+  EXPECT_EQ(CarriedOut(u"rem a\nrem b", UnRemSteps(u"rem a\nrem b", {50, 0})), u"rem a\n[]b");
+}
+
 TEST(UnRemSteps, TakesABareWordWithItsBreak) {
   EXPECT_EQ(UnRem(u"a\n[]rem\nb"), u"a\n[]b");
   EXPECT_EQ(UnRem(u"[]REM\n"), u"[]");

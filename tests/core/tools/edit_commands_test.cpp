@@ -111,6 +111,8 @@ TEST_F(EditCommandsTest, WithoutASelectionCutCopyAndDeleteDoNothing) {
 
 TEST_F(EditCommandsTest, SelectsAll) {
   SetText(u"one\ntwo\n", {5, 1});
+  documents.ShowCaretLine();
+  ASSERT_EQ(Panel(2), u"Line no: 2");
   edit.mnuEditSelAll();
   EXPECT_EQ(Box().Selection(), (TextSpan{0, 8}));
   EXPECT_EQ(Panel(2), u"Line no: 1");

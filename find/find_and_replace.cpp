@@ -290,6 +290,7 @@ void FindAndReplace::Command7() {
   }
   const std::optional<TextSpan> span = SpanOfLine(box, line);
   if (!span) {
+    box.Select({0, 0});  // from where the line was looked for
     view_.Tell(GotoLineNotFound());
     return;
   }

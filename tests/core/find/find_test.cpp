@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <new>
+
 #include "tests/core/find/find_fixture.h"
 
 namespace deck {
@@ -286,6 +288,42 @@ TEST_F(FindTest, SurvivesADocumentThatIsClosedWhileAMessageIsShown) {
   dialog.Click(kCommand1);
   EXPECT_EQ(Told().size(), 1u);
   EXPECT_EQ(documents.Count(), 1);
+}
+
+// A box that runs out of memory.
+class FailingBox : public FakeEditBox {
+ public:
+  using FakeEditBox::FakeEditBox;
+  std::u16string Text() const override {
+    if (fails) throw std::bad_alloc();
+    return FakeEditBox::Text();
+  }
+
+  bool fails = false;
+};
+
+TEST_F(FindTest, ACommandThatFailsTellsNothingAndLeavesTheDialogUsable) {
+  FailingBox* box = nullptr;
+  window.makeEditBox = [&box](EditBox::Events events) {
+    auto made = std::make_unique<FailingBox>(std::move(events));
+    box = made.get();
+    return made;
+  };
+  AddDocument(u"C:\\b.tmj", u"one one");
+  OpenReplace(u"one", u"1");
+  dialog.Click(kCommand3);
+  for (const FindControl button : {kCommand3, kCommand5, kCommand6}) {
+    box->fails = true;
+    // The window's procedure ends it there.
+    EXPECT_THROW(dialog.Click(button), std::bad_alloc);
+    box->fails = false;
+    EXPECT_TRUE(dialog.IsOpen());
+    EXPECT_TRUE(Told().empty());
+    EXPECT_EQ(Caption(kCommand3), u"Find next");
+    EXPECT_EQ(box->Text(), u"one one");
+  }
+  dialog.Click(kCommand3);
+  EXPECT_EQ(box->Selection(), (TextSpan{4, 3}));
 }
 
 TEST_F(FindTest, DoesNotMarkTheDocumentAsModified) {

@@ -92,6 +92,21 @@ TEST_F(KeyCodeFileTest, ATableThatSomebodyPutThereMeanwhileIsNotOverwritten) {
   EXPECT_EQ(files.Content(kTable), "65,by hand\r\n");
 }
 
+TEST_F(KeyCodeFileTest, ATableThatComesWhileEventsRunIsARestoredOne) {
+  events.actions.push_back([this] { files.AddFile(kTable, "65,late\r\n"); });
+  const std::optional<KeyCodeTable> table = Load();
+  ASSERT_TRUE(table);
+  EXPECT_EQ(*table->NameOf(65), u"late");
+  EXPECT_EQ(prompts.shown, (std::vector<Message>{kMissing, kRestored}));
+}
+
+TEST_F(KeyCodeFileTest, AFolderInItsPlaceIsNoTable) {
+  files.AddFolder(kTable);
+  files.AddFile(kBackup, "65,backup\r\n");
+  EXPECT_FALSE(Load());
+  EXPECT_EQ(prompts.shown, (std::vector<Message>{kMissing, kFailed}));
+}
+
 TEST_F(KeyCodeFileTest, ATableThatCannotBeReadIsAnEmptyOne) {
   files.AddFile(kTable, "65,A\r\n");
   files.Fail(FileOperation::kRead, kTable);

@@ -99,6 +99,16 @@ TEST_F(KeyTestPresenterTest, OpensWithTheStoredSettings) {
   EXPECT_EQ(view.timer1, 0);
 }
 
+TEST_F(KeyTestPresenterTest, EveryNumberButZeroTicksViewAllAndShowsTheMenus) {
+  for (const std::u16string number : {u"1", u"-1", u"2"}) {
+    Store(u"KeyViewAll=" + number + u"\r\nMenuDisplay=" + number + u"\r\n");
+    presenter.Show();
+    EXPECT_TRUE(view.look.viewAll);
+    EXPECT_TRUE(view.look.menusShown);
+    presenter.Unload();
+  }
+}
+
 TEST_F(KeyTestPresenterTest, ASecondCommandBringsTheWindowToTheFront) {
   presenter.Show();
   view.PressKey(65);

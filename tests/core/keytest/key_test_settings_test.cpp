@@ -64,6 +64,26 @@ INSTANTIATE_TEST_SUITE_P(Texts, Places,
                                          PlaceCase{u"99999999999999999999", 10'000'000},
                                          PlaceCase{u"-99999999999999999999", -10'000'000}));
 
+TEST(KeyTestSettings, APlaceIsCutAt499Characters) {
+  const std::u16string zeros(498, u'0');
+  EXPECT_EQ(Read(u"KeyLeftAtStartup=" + zeros + u"7\r\n").left, 7);
+  EXPECT_EQ(Read(u"KeyLeftAtStartup=" + zeros + u"75\r\n").left, 7);
+}
+
+TEST(KeyTestSettings, TheFourPlacesAreTextsAndTheOthersIntegers) {
+  const KeyTestSettings defaults;
+  const KeyTestSettings words = Read(
+      u"KeyTopAtStartup=word\r\nKeyLeftAtStartup=word\r\nKeyWidthAtStartup=word\r\n"
+      u"KeyHeightAtStartup=word\r\nClearDelay=word\r\nKeyViewAll=word\r\nMenuDisplay=word\r\n");
+  EXPECT_EQ(words, (KeyTestSettings{.top = defaults.top,
+                                    .left = defaults.left,
+                                    .width = defaults.width,
+                                    .height = defaults.height,
+                                    .clearDelay = 0,
+                                    .keyViewAll = 0,
+                                    .menuDisplay = 0}));
+}
+
 TEST(KeyTestSettings, AClearDelayThatTheMenuDoesNotHaveIsOff) {
   EXPECT_EQ(Read(u"ClearDelay=65535\r\n").clearDelay, kClearDelayOff);
   EXPECT_EQ(Read(u"ClearDelay=-1\r\n").clearDelay, kClearDelayOff);

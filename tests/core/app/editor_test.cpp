@@ -143,6 +143,16 @@ TEST_F(StartTest, ATickOfTheTimerThatNobodyStartsOnlyLooksAtTheModesStatus) {
   EXPECT_TRUE(prompts.shown.empty());
 }
 
+TEST_F(StartTest, ATickOfThatTimerEndsItWhenTheModeIsReported) {
+  Start();
+  events.StartTimer(TimerId::kStatusModeTimer, 1000);
+  editor.OnTimer(TimerId::kStatusModeTimer);
+  EXPECT_TRUE(events.IsRunning(TimerId::kStatusModeTimer));
+  profiles.SetText(kHotasIni, u"[TMMODE]\r\nStatus=OK\r\n");
+  editor.OnTimer(TimerId::kStatusModeTimer);
+  EXPECT_FALSE(events.IsRunning(TimerId::kStatusModeTimer));
+}
+
 TEST_F(StartTest, IgnoresACommandLineThatNamesNoFile) {
   for (const std::u16string_view line : {u"WrenDeck.exe C:\\missing.tmj", u"WrenDeck.exe C:\\Host",
                                          u"WrenDeck.exe C:\\Host\\*.exe", u"WrenDeck.exe /help"}) {

@@ -50,6 +50,20 @@ TEST_F(KeyTestCommandTest, AsksTheControllersForProgrammedMode) {
   EXPECT_TRUE(keyTest.look.modeWarning) << "nothing reported the new mode";
 }
 
+TEST_F(KeyTestCommandTest, NeitherASwitchNorADownloadStartsTheTimerOfTheMode) {
+  files.AddFile(u"C:\\Host\\Files\\a.tmj", "rem a joystick file\r\n");
+  Open(u"Status=OK\r\nButtons=0\r\n");
+  EXPECT_FALSE(events.IsRunning(TimerId::kStatusModeTimer));
+  keyTest.Choose(KeyTestCommand::kStickOff);
+  EXPECT_FALSE(events.IsRunning(TimerId::kStatusModeTimer));
+  EditorFixture::Open(u"C:\\Host\\Files\\a.tmj");
+  CompilerReports(u"OK", 0, 10, u"");
+  bool runsInWait = false;
+  events.actions.push_back([&] { runsInWait = events.IsRunning(TimerId::kStatusModeTimer); });
+  editor.Execute(CommandId::kDownload);
+  EXPECT_FALSE(runsInWait || events.IsRunning(TimerId::kStatusModeTimer));
+}
+
 TEST_F(KeyTestCommandTest, ASwitchThatIsReportedAtOnceGivesNoWarning) {
   profiles.SetText(kHotasIni, u"");
   programs.onStart = [this](const FakePrograms::Started&) {

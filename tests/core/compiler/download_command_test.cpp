@@ -62,6 +62,18 @@ TEST_F(DownloadCommandTest, AMissingCompilerIsToldWithItsPath) {
   ExpectNothingStarted();
 }
 
+TEST_F(DownloadCommandTest, ACompilerThatIsNotSetUpIsAMissingOne) {
+  settings.CompilerPath = u"";
+  download.mnuFileDownload();
+  ASSERT_EQ(prompts.shown.size(), 1U);
+  EXPECT_EQ(prompts.shown[0].title, u"Unable to download file ...");
+  EXPECT_EQ(
+      prompts.shown[0].text,
+      u"I can't find the Compiler, which should be located at: \r\nMake sure you've setup your "
+      u"preferences correctly in Wren to fix this.");
+  ExpectNothingStarted();
+}
+
 TEST_F(DownloadCommandTest, EverythingHappensInItsOrder) {
   download.mnuFileDownload();
   EXPECT_EQ(log, (Log{
@@ -149,6 +161,22 @@ TEST_F(DownloadCommandTest, WithStatusBarErrorsNothingIsShownButTheLineIsSelecte
   EXPECT_EQ(SelectedText(0), u"btn s1 a\n");
 }
 
+TEST_F(DownloadCommandTest, WithStatusBarErrorsAnErrorWithoutLineIsInTheStatusBarOnly) {
+  settings.StatusBarErrors = 1;
+  CompilerReports(0, u"Status=ERROR\nErrorCode=no Cougar\n");
+  download.mnuFileDownload();
+  EXPECT_TRUE(prompts.shown.empty());
+  EXPECT_EQ(Status(), u" Compiler reported the following error: no Cougar");
+}
+
+TEST_F(DownloadCommandTest, ACompilerThatDoesNotStartIsWaitedForToTheLimit) {
+  programs.refuses = true;
+  download.mnuFileDownload();
+  EXPECT_EQ(ticks, 46);
+  EXPECT_EQ(BoxTitles(), (Titles{u"Now this is taking rather a long time buddy, isn't it?!",
+                                 u"Compile results"}));
+}
+
 TEST_F(DownloadCommandTest, ATimeOutLeavesControlReturnedToYouUntilTheReport) {
   CompilerNeverReports();
   download.mnuFileDownload();
@@ -194,12 +222,16 @@ TEST_F(DownloadCommandTest, ATimeOutWithoutReportStartsThePrograms) {
 }
 
 TEST_F(DownloadCommandTest, WithStatusBarErrorsASuccessStartsNoProgram) {
-  settings.StatusBarErrors = 1;
   Box().Load(u"use wren run_app c:\\x.exe\n");
-  download.mnuFileDownload();
-  EXPECT_TRUE(prompts.shown.empty());
-  EXPECT_EQ(programs.started.size(), 1U);
-  EXPECT_FALSE(files.Exists(kCopy));
+  for (const auto setting : {std::int16_t{1}, std::int16_t{2}, std::int16_t{-1}}) {
+    settings.StatusBarErrors = setting;
+    programs.started.clear();
+    download.mnuFileDownload();
+    EXPECT_TRUE(prompts.shown.empty()) << setting;
+    EXPECT_EQ(programs.started.size(), 1U) << setting;
+    EXPECT_FALSE(files.Exists(kCopy)) << setting;
+    EXPECT_EQ(Status(), u" Compiled successfully. (Memory used: 34%)");
+  }
 }
 
 TEST_F(DownloadCommandTest, TheTickIgnoreRunAppCountsWhenTheDownloadHasEnded) {

@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "platform/strings.h"
 #include "tests/core/find/find_fixture.h"
 
 namespace deck {
@@ -113,6 +114,18 @@ TEST_F(FindTest, KeepsEachTextOnceAndTellsCasesApart) {
     dialog.Click(kCommand1);
   }
   EXPECT_EQ(dialog.List(kComboTextFind), (Texts{u"one", u"One", u"two"}));
+}
+
+TEST_F(FindTest, TheListOfTextsHasNoLimit) {
+  Box().Load(u"x");
+  find.mnuFRGArray(0);
+  Texts expected;
+  for (int number = 0; number < 300; ++number) {
+    expected.push_back(Decimal(number));
+    dialog.Type(kComboTextFind, expected.back());
+    dialog.Click(kCommand1);
+  }
+  EXPECT_EQ(dialog.List(kComboTextFind), expected);
 }
 
 struct OptionCase {

@@ -466,7 +466,7 @@ TEST_F(KeyTestPresenterTest, TheLayoutIsLeftAloneWhereTheFixIsOff) {
 }
 
 TEST_F(KeyTestPresenterTest, EachOpeningRemembersItsOwnLayout) {
-  settings.ForeignKeyboardFix = 1;
+  settings.ForeignKeyboardFix = -1;  // any number but 0
   presenter.Show();
   presenter.Unload();
   keyboard.layoutName = u"00000407";

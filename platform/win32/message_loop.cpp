@@ -4,11 +4,23 @@
 #include <optional>
 
 #include "platform/scope_value.h"
+#include "platform/win32/procedure_border.h"
 
 namespace deck {
 namespace {
 
 constexpr DWORD kIdleWait = 10;  // milliseconds
+
+// A filter may run a whole command, as keys of dialogs do. One that fails half-way has taken the
+// message: nothing behind it would know what was done.
+bool Takes(const MessageLoop::Filter& filter, MSG& message) {
+  bool isLeft = false;
+  InProcedure([&] {
+    isLeft = !filter(message);
+    return LRESULT{0};
+  });
+  return !isLeft;
+}
 
 }  // namespace
 
@@ -19,7 +31,7 @@ void MessageLoop::SetShortcuts(HWND window, HACCEL table) {
 
 void MessageLoop::Dispatch(MSG& message) {
   if (std::any_of(filters_.begin(), filters_.end(),
-                  [&message](const Filter& filter) { return filter(message); })) {
+                  [&message](const Filter& filter) { return Takes(filter, message); })) {
     return;
   }
   // A dialog that takes the message may sign itself off meanwhile; nothing is looked at after that.

@@ -14,7 +14,7 @@ class MessageLoop {
   // True when the message is dealt with.
   using Filter = std::function<bool(MSG&)>;
 
-  // Sees every message first.
+  // Sees every message first. What it throws ends with it, and the message is dealt with.
   void AddFilter(Filter filter) { filters_.push_back(std::move(filter)); }
   // A modeless dialog: Tab, Return, Escape and mnemonics work in it until it is removed.
   void AddDialog(HWND dialog) { dialogs_.push_back(dialog); }

@@ -1,5 +1,6 @@
 #include "platform/win32/message_loop.h"
 
+#include <new>
 #include <string>
 #include <vector>
 
@@ -108,6 +109,19 @@ TEST_F(MessageLoopTest, AsksItsFiltersFirst) {
   loop_.AddFilter([](MSG& message) { return message.message == WM_KEYDOWN; });
   Press(field_, VK_F5);
   EXPECT_TRUE(commands_.empty());
+}
+
+TEST_F(MessageLoopTest, AFilterThatFailsHasTakenItsMessageAndTheLoopGoesOn) {
+  bool fails = true;
+  loop_.AddFilter([&fails](MSG& message) {
+    if (fails && message.message == WM_KEYDOWN) throw std::bad_alloc();
+    return false;
+  });
+  Press(field_, VK_F5);
+  EXPECT_TRUE(commands_.empty());
+  fails = false;
+  Press(field_, VK_F5);
+  EXPECT_EQ(commands_, std::vector<int>{kShortcut});
 }
 
 TEST_F(MessageLoopTest, LeavesAnOrderToQuitForTheMainLoop) {

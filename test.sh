@@ -137,6 +137,16 @@ SecondLane() (
   DesktopLane 2
 )
 
+# Packages: what is given to users, installed and removed; the 32-bit program takes too long to build.
+Packages() {
+  local start=$SECONDS
+  Has packages makensis && Has packages cmark-gfm && Has packages xdotool || return
+  Say packages
+  rm -rf "$logs"/packaging*
+  timeout 600 python3 tests/desktop/run.py "$logs" 1 packaging
+  CountRunner packages "$logs/packaging-1.counts" "$start"
+}
+
 FormatCheck() {
   git ls-files -z -- '*.h' '*.cpp' | xargs -0 -r clang-format --dry-run -Werror
 }
@@ -204,11 +214,11 @@ WindowsTests() {
   # shellcheck source=scripts/wine_env.sh
   source scripts/wine_env.sh
   if ! command -v x86_64-w64-mingw32-g++-posix >/dev/null; then
-    SkipAll 'the mingw-w64 compiler is not installed' windows desktop
+    SkipAll 'the mingw-w64 compiler is not installed' windows desktop packages
     return
   fi
   if lacking=$(WineMissing); then
-    SkipAll "$lacking" windows desktop
+    SkipAll "$lacking" windows desktop packages
     return
   fi
   Say 'start wine'
@@ -216,7 +226,7 @@ WindowsTests() {
     printf 'FAILED start wine\n'
     ShowLog "$logs/wine.log"
     Count 'start wine' 0 1 0 0
-    SkipAll 'wine did not start' windows desktop
+    SkipAll 'wine did not start' windows desktop packages
     return
   fi
   if Has desktop xdotool; then
@@ -237,6 +247,7 @@ WindowsTests() {
     CountRunner 'desktop, lane 1' "$logs/desktop-1.counts" "$start"
     CountRunner 'desktop, lane 2' "$logs/desktop-2.counts" "$start"
   fi
+  Packages
   WineEnd
 }
 

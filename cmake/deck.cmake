@@ -80,6 +80,17 @@ function(deck_library folder)
   endif()
 endfunction()
 
+# deck_name_sources_from_root(<target>)
+# For a library whose assertions put the names of its sources into the program: the names are those
+# inside the tree, wherever the tree and the build's folder stand. ccache names sources from the
+# latter.
+function(deck_name_sources_from_root target)
+  file(RELATIVE_PATH up ${CMAKE_BINARY_DIR} ${PROJECT_SOURCE_DIR})
+  string(REGEX REPLACE "([^/])$" "\\1/" up "${up}")
+  target_compile_options(${target} PRIVATE -ffile-prefix-map=${PROJECT_SOURCE_DIR}/=
+                                           -ffile-prefix-map=${up}=)
+endfunction()
+
 # deck_test(<name> SOURCES <files> LIBRARIES <targets> [LABELS <labels>])
 # One GoogleTest program and one ctest entry: under Wine a cold start costs more than most suites.
 # The results of every case are left in test-results/<name>.xml. Under Windows only suites labelled

@@ -18,6 +18,8 @@ cppcheck                                                cppcheck
 clang                                                   clang
 /usr/lib/llvm-*/lib/clang/*/lib/linux/libclang_rt.fuzzer-*.a  libclang-rt-dev
 x86_64-w64-mingw32-g++-posix                            g++-mingw-w64-x86-64-posix
+makensis                                                nsis
+cmark-gfm                                               cmark-gfm
 i686-w64-mingw32-g++-posix                              g++-mingw-w64-i686-posix
 gendef                                                  mingw-w64-tools
 wine                                                    wine

@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
 """Runs the desktop tests, alone or as one of several lanes, and counts their cases.
 
-    run.py LOG_DIR LANE
+    run.py LOG_DIR LANE [KIND]
+
+KIND names the folder of the tests beside this one, "desktop" by default; the files below are called
+after it.
 
 Lanes are processes with a display and a Wine prefix each, which share the test classes: a lane takes
 one that no other has taken, until none is left. Whoever starts the lanes removes
@@ -75,12 +78,13 @@ class Untaken(unittest.TestSuite):
 
 
 def main():
-    here = Path(__file__).resolve().parent
     logs, lane = Path(sys.argv[1]), sys.argv[2]
-    taken = logs / "desktop.taken"
+    kind = sys.argv[3] if len(sys.argv) > 3 else "desktop"
+    here = Path(__file__).resolve().parent.parent / kind
+    taken = logs / f"{kind}.taken"
     taken.mkdir(parents=True, exist_ok=True)
     suite = Untaken(unittest.defaultTestLoader.discover(str(here)), taken)
-    with open(logs / f"desktop-{lane}.log", "w", encoding="utf-8") as log:
+    with open(logs / f"{kind}-{lane}.log", "w", encoding="utf-8") as log:
         result = unittest.TextTestRunner(stream=log, verbosity=2, resultclass=TimedResult).run(suite)
 
     bad = [(test, text) for test, text in result.failures + result.errors]
@@ -97,7 +101,7 @@ def main():
     failed = len({test.id() for test, _ in bad})
     passed = max(result.testsRun - failed - len(skipped), 0)
     sums = f"{passed} {failed} {len(skipped)}\n"
-    (logs / f"desktop-{lane}.counts").write_text(sums, encoding="ascii")
+    (logs / f"{kind}-{lane}.counts").write_text(sums, encoding="ascii")
 
 
 if __name__ == "__main__":

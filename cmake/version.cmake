@@ -1,0 +1,11 @@
+# The version that stands in app/win32/version.h, as WRENDECK_VERSION_TEXT.
+set(versionFile ${CMAKE_CURRENT_LIST_DIR}/../app/win32/version.h)
+file(STRINGS ${versionFile} versionLines REGEX "^#define WRENDECK_VERSION")
+if(NOT versionLines MATCHES "_TEXT \"([0-9]+)\\.([0-9]+)\\.([0-9]+)\";")
+  message(FATAL_ERROR "${versionFile} holds no version")
+endif()
+set(WRENDECK_VERSION_TEXT ${CMAKE_MATCH_1}.${CMAKE_MATCH_2}.${CMAKE_MATCH_3})
+if(NOT versionLines MATCHES "WRENDECK_VERSION ${CMAKE_MATCH_1}, ${CMAKE_MATCH_2}, ${CMAKE_MATCH_3}, 0$")
+  message(FATAL_ERROR "${versionFile} holds two versions")
+endif()
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${versionFile})

@@ -11,7 +11,6 @@
 #include "platform/win32/accessible_name.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
-#include "platform/win32/paint_pause.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
@@ -28,6 +27,22 @@ constexpr const char16_t* kUsualTexts[kStatusPanels] = {
 // Pixels at 96 dpi.
 constexpr int kPanelMargins = 14;
 constexpr int kWidestPanel = 280;
+
+bool NeedsTexts(UINT message) {
+  switch (message) {
+    case WM_PAINT:
+    case WM_PRINTCLIENT:
+    case WM_GETTEXT:
+    case WM_GETTEXTLENGTH:
+    case SB_GETTEXTA:
+    case SB_GETTEXTW:
+    case SB_GETTEXTLENGTHA:
+    case SB_GETTEXTLENGTHW:
+      return true;
+    default:
+      return false;
+  }
+}
 
 }  // namespace
 
@@ -55,19 +70,27 @@ void StatusBarControl::SetFont(HFONT font, int dpi) {
 void StatusBarControl::SetPanel(int panel, const std::u16string& text) {
   const auto index = static_cast<std::size_t>(panel - 1);
   texts_[index] = text;
-  SetText(index, text);
+  if (!unshown_.test(index)) {
+    RECT where{};
+    SendMessageW(window_, SB_GETRECT, index, reinterpret_cast<LPARAM>(&where));
+    InvalidateRect(window_, &where, TRUE);
+  }
+  unshown_.set(index);
   ArrangePanels();
   ShowToolTips();
 }
 
-void StatusBarControl::SetText(std::size_t index, std::u16string text) {
-  // A tab would move what follows it to the middle of the panel.
-  std::replace(text.begin(), text.end(), u'\t', u' ');
-  RECT panel{};
-  SendMessageW(window_, SB_GETRECT, index, reinterpret_cast<LPARAM>(&panel));
-  // Several texts often follow each other; only the last one is worth painting.
-  const PaintPause pause(window_, panel);
-  SendMessageW(window_, SB_SETTEXTW, index, reinterpret_cast<LPARAM>(Wide(text)));
+// The control paints a text as soon as it has it, and opening a file shows a dozen of them: it gets
+// the last ones, when it is going to paint or is asked for them.
+void StatusBarControl::ShowTexts() {
+  for (std::size_t index = 0; index < texts_.size(); ++index) {
+    if (!unshown_.test(index)) continue;
+    unshown_.reset(index);
+    std::u16string text = texts_[index];
+    // A tab would move what follows it to the middle of the panel.
+    std::replace(text.begin(), text.end(), u'\t', u' ');
+    SendMessageW(window_, SB_SETTEXTW, index, reinterpret_cast<LPARAM>(Wide(text)));
+  }
 }
 
 void StatusBarControl::SetPanelToolTip(int panel, const std::u16string& text) {
@@ -120,6 +143,7 @@ void StatusBarControl::ShowToolTips() {
 }
 
 LRESULT StatusBarControl::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (NeedsTexts(message)) ShowTexts();
   tips_.Relay(message, wParam, lParam);
   if (message == WM_MOUSEMOVE && HasPointerMoved(window, lParam) && hovered_) hovered_();
   return CallSubclassed(window, message, wParam, lParam);

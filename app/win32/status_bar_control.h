@@ -5,6 +5,7 @@
 #include <windows.h>
 
 #include <array>
+#include <bitset>
 #include <functional>
 #include <string>
 
@@ -32,7 +33,7 @@ class StatusBarControl {
 
  private:
   LRESULT OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
-  void SetText(std::size_t index, std::u16string text);
+  void ShowTexts();
   // Width that each panel wants.
   std::array<int, kStatusPanels> Wanted() const;
   void ArrangePanels();
@@ -42,6 +43,7 @@ class StatusBarControl {
   std::function<void()> hovered_;
   ToolTips tips_;
   std::array<std::u16string, kStatusPanels> texts_;
+  std::bitset<kStatusPanels> unshown_;  // the control has not got these yet
   std::array<std::u16string, kStatusPanels> toolTips_;
   std::array<int, kStatusPanels> edges_{};
   HFONT font_ = nullptr;

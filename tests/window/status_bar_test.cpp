@@ -147,6 +147,18 @@ TEST_F(StatusBarTest, TextIsSeenAtOnceWhenItIsAskedFor) {
   EXPECT_FALSE(GetUpdateRect(Status(), nullptr, FALSE));
 }
 
+// Opening a file gives a dozen texts to the first panel; painting each takes longer than the rest.
+TEST_F(StatusBarTest, TextIsNotPaintedBeforeTheMessagesAtHandAreDone) {
+  window.SetPanel(1, u"first");
+  loop.Pump();
+  const std::vector<COLORREF> before = Pixels(Status());
+  window.SetPanel(1, u"second");
+  EXPECT_EQ(Pixels(Status()), before);
+  EXPECT_EQ(Panel(1), L"second") << "whoever asks is told the new one";
+  loop.Pump();
+  EXPECT_NE(Pixels(Status()), before);
+}
+
 TEST_F(StatusBarTest, TabInATextDoesNotMoveItToTheMiddle) {
   window.SetPanel(1, u"FIRE =\tx");
   EXPECT_EQ(Panel(1), L"FIRE = x");

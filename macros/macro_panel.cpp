@@ -115,7 +115,7 @@ bool MacroPanel::ReadMacroFile(const std::u16string& path) {
   const Result<DecodedText> decoded = DecodeFile(*bytes, ports_.codePage);
   if (!decoded) return false;
   std::u16string newPath = path;  // which may be the very member that is cleared next
-  ClearAllForNewMacroFile();
+  Forget();
   macroFilePath_ = std::move(newPath);
   analysedBytes_ = std::move(*bytes);
   lines_ = GetEachLineFromMacroFile(decoded->text);
@@ -127,13 +127,17 @@ void MacroPanel::ShowMacrosOf(const std::u16string& path) {
   Analyse(path);
 }
 
-void MacroPanel::ClearAllForNewMacroFile() {
+void MacroPanel::Forget() {
   macroFilePath_.clear();
   analysedBytes_.clear();
   lines_.clear();
   list_ = {};
   heading_ = 0;
   chosenMacro_.clear();
+}
+
+void MacroPanel::ClearAllForNewMacroFile() {
+  Forget();
   ports_.view.ShowHeadings({}, -1);
   ports_.view.ShowMacros({});
 }

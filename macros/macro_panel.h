@@ -104,6 +104,7 @@ class MacroPanel {
   bool ReadMacroFile(const std::u16string& path);
   void ShowPanel();
   const std::u16string* MacroAt(int index) const;
+  void Forget();
   void ShowMacroKeys();
   void FindMacroInJF();
   bool SelectionIsAsLeftByClick();

@@ -43,6 +43,7 @@ int DocumentSet::IndexOfPath(const std::u16string& path) const {
 }
 
 void DocumentSet::HideTextBoxes() {
+  if (keepTextBox) return;
   // The current one first: a moment without any box would flicker.
   Current().text1->SetVisible(true);
   for (Document& document : documents_) {

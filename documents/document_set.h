@@ -69,6 +69,10 @@ class DocumentSet {
   std::int16_t SkipMacroRefresh = 0;
   // While 1, hovering and tab switches leave the message panel alone.
   std::int16_t CompilerBusy = 0;
+  // While true, the box in view stays there: whoever sets it selects another tab, or the same one
+  // again, before the user sees anything. Showing a box paints it, which takes longer than loading
+  // a short file.
+  bool keepTextBox = false;
 
   int Count() const { return static_cast<int>(documents_.size()); }
   int CurrentIndex() const { return current_; }
@@ -81,7 +85,7 @@ class DocumentSet {
 
   // Makes the selected tab's document the current one and gives its box.
   EditBox& GetCurrentTextBox() { return *Current().text1; }
-  // Only the current box is visible.
+  // Only the current box is visible, unless keepTextBox is set.
   void HideTextBoxes();
 
   // Adds an untitled document behind the last one and makes it current, without messages.

@@ -109,7 +109,9 @@ bool FileCommands::OpenAgain(const std::u16string& path) {
 
 void FileCommands::Load(const std::u16string& path) {
   status_.Say(std::u16string(kOpening));
-  status_.PaintNow();  // a long file takes its time, and a slow disk even more
+  // A long file takes its time, and a slow disk even more. While a macro file is opened beside its
+  // joystick file, the text is still there from before.
+  if (!documents_.keepTextBox) status_.PaintNow();
   // Everything that can fail comes before anything is touched.
   Result<FileContent> content = ReadFileContent(ports_.files, ports_.codePage, path);
   if (!content) return CannotOpen(path, content.problem().reason);
@@ -125,17 +127,19 @@ void FileCommands::Load(const std::u16string& path) {
   if (IsMacroFile(path)) links.showMacrosOf(path);
   documents_.HideTextBoxes();
   status_.Say(std::u16string(Trim(FileNameOf(path))) + u" successfully opened");
-  if (IsJoystickFile(path))
+  if (IsJoystickFile(path)) {
+    const ScopeValue keep(documents_.keepTextBox, true);
     links.detectMacroFile(ExtensionOf(path), std::u16string(FolderOf(path)));
+  }
 
   // The macro file may have come onto a tab of its own.
   const int opened = documents_.IndexOf(id);
-  if (opened < 0) return;
+  if (opened < 0) return documents_.HideTextBoxes();
   if (documents_.CurrentIndex() != opened) documents_.Select(opened);
   EditBox& box = documents_.GetCurrentTextBox();
   box.Select({0, 0});
   documents_.ShowCaretLine();
-  box.Focus();
+  if (!documents_.keepTextBox) box.Focus();
 }
 
 void FileCommands::CannotOpen(const std::u16string& path, const std::u16string& reason) {

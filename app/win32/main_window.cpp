@@ -110,10 +110,8 @@ void MainWindow::Show() {
 // ---- MainWindowView.
 
 std::unique_ptr<EditBox> MainWindow::CreateEditBox(EditBox::Events boxEvents) {
-  auto box = std::make_unique<RichEditBox>(editBoxes_, window_, static_cast<int>(ControlId::kText1),
-                                           dpi_, std::move(boxEvents));
-  box->Place(ToRect(layout_.editBox));
-  return box;
+  return std::make_unique<RichEditBox>(editBoxes_, window_, static_cast<int>(ControlId::kText1),
+                                       dpi_, std::move(boxEvents));
 }
 
 void MainWindow::InsertTab(int position, const std::u16string& caption) {
@@ -225,11 +223,25 @@ void MainWindow::Arrange() {
                                     .dpi = dpi_});
   HDWP moves = BeginDeferWindowPos(3);
   moves = Move(moves, toolbar_->Handle(), {0, 0, client.right, toolbar_->Height()});
-  moves = Move(moves, macroPanel_->Handle(), layout_.macroFrame,
-               layout_.macroFrame.width > 0 ? SWP_SHOWWINDOW : SWP_HIDEWINDOW);
+  moves = ArrangeMacroPanel(moves);
   moves = Move(moves, tabs_->Handle(), layout_.tabStrip);
   EndDeferWindowPos(moves);
-  for (RichEditBox* box : editBoxes_.boxes) box->Place(ToRect(layout_.editBox));
+  editBoxes_.place = ToRect(layout_.editBox);
+  for (RichEditBox* box : editBoxes_.boxes) box->Place(editBoxes_.place);
+}
+
+// A panel that goes keeps its size, and one that comes takes it before it is seen: its lists change
+// their scroll bars with their size, and in view they would paint them each time.
+HDWP MainWindow::ArrangeMacroPanel(HDWP moves) const {
+  const HWND panel = macroPanel_->Handle();
+  if (layout_.macroFrame.width == 0) {
+    return Move(moves, panel, {}, SWP_NOMOVE | SWP_NOSIZE | SWP_HIDEWINDOW);
+  }
+  if (!IsWindowVisible(panel)) {
+    const Rectangle& place = layout_.macroFrame;
+    MoveWindow(panel, place.left, place.top, place.width, place.height, FALSE);
+  }
+  return Move(moves, panel, layout_.macroFrame, SWP_SHOWWINDOW);
 }
 
 }  // namespace deck

@@ -128,6 +128,7 @@ class MainWindow : public MainWindowView {
   void CreateParts();
   void SetFonts();
   void Arrange();
+  HDWP ArrangeMacroPanel(HDWP moves) const;
   void ReportKeysAndClock() const;
 
   template <class... Arguments>

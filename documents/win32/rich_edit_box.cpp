@@ -58,7 +58,7 @@ RichEditBox::RichEditBox(EditBoxSettings& settings, HWND parent, int controlId, 
   receiver.files = settings.filesDropped;
   dropTarget_ = new EditDropTarget(std::move(receiver));
   SubclassWith(ParentProcedure, parent_, nullptr);
-  Attach(CreateRichEdit(parent_, controlId_, RECT{}, font_.Get()));
+  Attach(CreateRichEdit(parent_, controlId_, settings.place, font_.Get()));
   settings_.boxes.push_back(this);
 }
 
@@ -82,10 +82,12 @@ void RichEditBox::Load(std::u16string_view text) {
   text_.Reset(BoxText(text));
   if (control_ == nullptr) return;
   const ScopeValue<bool> updating(updating_, true);
+  // The control would paint its empty self, its scroll bars and the text one after the other.
+  const PaintPause pause(control_);
   if (ControlLength(control_) > 0) {
     Rebuild();
   } else {
-    StreamIntoControl(control_, text_.text());
+    Fill();
   }
   SelectInControl(control_, {});
   // A character that the system's control cannot hold must not shift the positions behind it.
@@ -179,7 +181,9 @@ void RichEditBox::Place(const RECT& place) {
 void RichEditBox::SetVisible(bool visible) {
   if (visible) MoveToPlace();
   if (std::exchange(visible_, visible) == visible || control_ == nullptr) return;
-  ShowWindow(control_, visible ? SW_SHOWNA : SW_HIDE);
+  // The system takes the focus from a window only when it is hidden by the other call.
+  if (!visible && GetFocus() == control_) SetFocus(parent_);
+  SetPosition({}, SWP_NOMOVE | SWP_NOSIZE | (visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
 }
 
 void RichEditBox::Focus() {
@@ -227,8 +231,14 @@ void RichEditBox::Rebuild() {
     if (GetFocus() == old) SetFocus(fresh);
     DestroyWindow(old);
   }
-  StreamIntoControl(control_, text_.text());
+  Fill();
   if (visible_) ShowWindow(control_, SW_SHOWNA);
+}
+
+void RichEditBox::Fill() {
+  const std::u16string& text = text_.text();
+  PrepareForLines(control_, static_cast<int>(std::ranges::count(text, u'\n')));
+  StreamIntoControl(control_, text);
 }
 
 // The system's control lays all its lines out anew when its width changes, even with the same lines
@@ -236,8 +246,23 @@ void RichEditBox::Rebuild() {
 void RichEditBox::MoveToPlace() {
   if (control_ == nullptr || !place_) return;
   const RECT place = *std::exchange(place_, std::nullopt);
-  MoveWindow(control_, place.left, place.top, place.right - place.left, place.bottom - place.top,
-             TRUE);
+  const RECT present = PlaceIn(parent_, control_);
+  if (!EqualRect(&place, &present)) SetPosition(place, 0);
+}
+
+// What this uncovers, frames and scroll bars included, is painted with the next messages and not at
+// once and one after the other: that took longer than loading a short file.
+void RichEditBox::SetPosition(const RECT& place, UINT flags) {
+  const RECT before = PlaceIn(parent_, control_);
+  SetWindowPos(control_, nullptr, place.left, place.top, place.right - place.left,
+               place.bottom - place.top, flags | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+  const RECT after = PlaceIn(parent_, control_);
+  RECT changed{};
+  UnionRect(&changed, &before, &after);
+  if (visible_ || (flags & SWP_HIDEWINDOW) != 0) {
+    RedrawWindow(parent_, &changed, nullptr,
+                 RDW_ERASE | RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN);
+  }
 }
 
 // Brings the control to the present text, which the edits led to.

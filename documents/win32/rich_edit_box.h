@@ -39,6 +39,7 @@ class RichEditBox;
 struct EditBoxSettings {
   std::vector<RichEditBox*> boxes;  // those that live, oldest first; they keep the list themselves
   EditFonts fonts;
+  RECT place{};  // of a new box, in the window
   // False: typing replaces the character behind the caret. The insert key switches it.
   bool insertMode = true;
   std::function<void()> insertModeChanged;
@@ -50,7 +51,7 @@ struct EditBoxSettings {
 
 class RichEditBox final : public EditBox {
  public:
-  // Invisible, without size, over its siblings. The thread needs OLE for drops to arrive. When the
+  // Invisible, over its siblings. The thread needs OLE for drops to arrive. When the
   // parent is destroyed first, the box keeps its text and shows nothing.
   RichEditBox(EditBoxSettings& settings, HWND parent, int controlId, int dpi, Events events);
   ~RichEditBox() override;
@@ -91,7 +92,9 @@ class RichEditBox final : public EditBox {
 
   void Attach(HWND control);
   void MoveToPlace();
+  void SetPosition(const RECT& place, UINT flags);
   void Rebuild();
+  void Fill();
   void CarryOut(const std::vector<TextEdit>& edits);
   void CarryOutInPlace(const TextEdit& edit);
   void Change(std::vector<TextEdit> edits, TextSpan selectionAfter, EditKind kind);

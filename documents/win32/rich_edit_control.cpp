@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "platform/strings.h"
+#include "platform/win32/fonts.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
@@ -75,6 +76,15 @@ HWND CreateRichEdit(HWND parent, int controlId, const RECT& place, HFONT font) {
   // Before there is text: afterwards it costs as much as loading the text again.
   SendMessageW(control, WM_SETFONT, reinterpret_cast<WPARAM>(font), 0);
   return control;
+}
+
+void PrepareForLines(HWND control, int lines) {
+  RECT client{};
+  GetClientRect(control, &client);
+  const auto font = reinterpret_cast<HFONT>(SendMessageW(control, WM_GETFONT, 0, 0));
+  const int height = TextMeasure(control, font).LineHeight();
+  // Twice as many, so that no difference in how lines are measured matters.
+  if (lines * height > 2 * client.bottom) ShowScrollBar(control, SB_VERT, TRUE);
 }
 
 void StreamIntoControl(HWND control, const std::u16string& text) {

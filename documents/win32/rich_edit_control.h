@@ -17,6 +17,11 @@ namespace deck {
 // parent window owns it.
 HWND CreateRichEdit(HWND parent, int controlId, const RECT& place, HFONT font);
 
+// Gives the empty control its vertical scroll bar before a text of so many lines arrives, when they
+// are far more than it shows. One that comes with the text makes the control narrower, and then all
+// lines are laid out twice.
+void PrepareForLines(HWND control, int lines);
+
 // Into an empty control; this is the only way in that takes any text and costs the same per line.
 void StreamIntoControl(HWND control, const std::u16string& text);
 

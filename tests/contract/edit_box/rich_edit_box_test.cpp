@@ -498,6 +498,32 @@ TEST_F(RichEditBoxTest, AMessageWithoutMovementIsNone) {
   EXPECT_EQ(events().mouseMoved, 1);
 }
 
+// A scroll bar that comes with the text would make the control narrower, and all lines would be
+// laid out once more.
+TEST_F(RichEditBoxTest, LongTextArrivesAtTheWidthThatItKeeps) {
+  const auto width = [this] {
+    RECT client{};
+    GetClientRect(control(), &client);
+    return client.right;
+  };
+  const auto hasScrollBar = [this] {
+    return (GetWindowLongPtrW(control(), GWL_STYLE) & WS_VSCROLL) != 0;
+  };
+  PrepareForLines(control(), 5);
+  EXPECT_FALSE(hasScrollBar()) << "a short text needs none";
+  const LONG wide = width();
+  PrepareForLines(control(), 1'000);
+  EXPECT_TRUE(hasScrollBar());
+  const LONG narrow = width();
+  EXPECT_LT(narrow, wide);
+  box().Load(NumberedLines(1'000));
+  EXPECT_TRUE(hasScrollBar());
+  EXPECT_EQ(width(), narrow);
+  box().Load(u"short");
+  EXPECT_FALSE(hasScrollBar());
+  EXPECT_EQ(width(), wide);
+}
+
 TEST_F(RichEditBoxTest, KeepsItsTextWhenTheParentIsDestroyed) {
   const HWND parent = CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 100, 100, driver_.window(),
                                       nullptr, nullptr, nullptr);

@@ -144,6 +144,23 @@ TEST_F(FileOpenTest, LooksForTheMacroFileOfAJoystickFile) {
   EXPECT_TRUE(macrosShown.empty());
 }
 
+TEST_F(FileOpenTest, MacroFileOpenedBesideAJoystickFileNeverComesIntoView) {
+  files.AddFile(u"C:\\x\\m.tmm", "macros");
+  std::vector<bool> visible;
+  onDetect = [&] {
+    commands.OpenPreviouslySavedFiles(u"C:\\x\\m.tmm");
+    for (const int index : {0, 1}) visible.push_back(Box(index).visible());
+  };
+  OpenNew(u"C:\\x\\j.tmj", "joystick");
+  EXPECT_EQ(visible, (std::vector<bool>{true, false}));
+  EXPECT_EQ(documents.CurrentIndex(), 0);
+  EXPECT_TRUE(Box(0).visible());
+  EXPECT_TRUE(Box(0).focused());
+  documents.Select(1);
+  EXPECT_TRUE(Box(1).visible());
+  EXPECT_FALSE(Box(0).visible());
+}
+
 TEST_F(FileOpenTest, KeepsTheOrderRecentsThenAnalysisThenMessageThenDetection) {
   std::vector<std::u16string> order;
   commands.links.addRecentFile = [&](const std::u16string&) { order.push_back(u"recent"); };

@@ -26,10 +26,11 @@ void RecentFileList::LoadRecentFiles() {
   const int count = profiles_.ReadInteger(settings_.SettingsPath, kSection, kCount, 0);
   const bool fits = count <= std::numeric_limits<std::int16_t>::max();
   for (int entry = 1; fits && entry <= count; ++entry) {
-    std::u16string path = profiles_.ReadText(settings_.SettingsPath, kSection, KeyOf(entry), u"");
-    // A count that was edited by hand must not give thousands of blank menu items.
-    if (!path.empty()) recentFiles_.push_back(std::move(path));
+    recentFiles_.push_back(profiles_.ReadText(settings_.SettingsPath, kSection, KeyOf(entry), u""));
   }
+  // An entry without a path keeps its place, but a count that was edited by hand must not give
+  // thousands of blank menu items.
+  while (!recentFiles_.empty() && recentFiles_.back().empty()) recentFiles_.pop_back();
   view_.SetRecentFiles(recentFiles_);
 }
 

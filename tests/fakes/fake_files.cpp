@@ -110,11 +110,13 @@ void FakeFiles::StopFailing() {
 }
 
 std::optional<FileAttributes> FakeFiles::Attributes(const std::u16string& path) const {
+  asked_.insert(path);
   const Node* node = Find(path);
   return node ? std::optional(node->attributes) : std::nullopt;
 }
 
 Result<std::string> FakeFiles::Read(const std::u16string& path) const {
+  asked_.insert(path);
   if (const auto problem = Injected(FileOperation::kRead, path)) return *problem;
   const Node* node = Find(path);
   if (!node) return Problem{Find(ParentOf(Absolute(path))) ? kNoSuchFile : kNoSuchFolder};

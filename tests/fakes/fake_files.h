@@ -30,6 +30,8 @@ class FakeFiles : public Files {
   std::string Content(const std::u16string& path) const;
   // Full paths of all files, in no order that means anything.
   std::vector<std::u16string> AllFiles() const;
+  // Whether the program has looked at what stands under this path, file or not.
+  bool WasAsked(const std::u16string& path) const { return asked_.contains(path); }
   const std::u16string& CurrentFolder() const { return currentFolder_; }
 
   // From now on the operation fails on that path; for kCopy it is the target's.
@@ -68,6 +70,7 @@ class FakeFiles : public Files {
   std::map<std::pair<FileOperation, std::u16string>, std::u16string> failures_;
   // Outlives this object, as locks may.
   std::shared_ptr<std::set<std::u16string>> locked_ = std::make_shared<std::set<std::u16string>>();
+  mutable std::set<std::u16string> asked_;  // paths as they were given
   std::uint64_t lastStamp_ = 0;
   std::u16string currentFolder_ = u"C:\\";
 };

@@ -86,6 +86,40 @@ TEST_F(StartOrder, NoRecentFileIsLookedForBeforeItIsChosen) {
   EXPECT_EQ(view.recentFiles,
             (std::vector<std::u16string>{u"\\\\dead\\share\\a.tmj", u"C:\\gone.tmj"}));
   EXPECT_TRUE(prompts.shown.empty());
+  EXPECT_FALSE(files.WasAsked(u"\\\\dead\\share\\a.tmj"));
+  EXPECT_FALSE(files.WasAsked(u"C:\\gone.tmj"));
+  editor.Execute(CommandId::kRecentFile1);
+  EXPECT_TRUE(files.WasAsked(u"\\\\dead\\share\\a.tmj"));
+  EXPECT_FALSE(files.WasAsked(u"C:\\gone.tmj"));
+}
+
+TEST_F(StartOrder, OnlyTheValueOneTicksTheIndentItem) {
+  profiles.SetText(kOwnIni, u"[Unsupported]\r\nIndentAsWell=2\r\n");
+  Start();
+  EXPECT_FALSE(view.commands[CommandId::kIndentWhenAligning].checked);
+  editor.Execute(CommandId::kIndentWhenAligning);
+  EXPECT_TRUE(view.commands[CommandId::kIndentWhenAligning].checked);
+}
+
+TEST_F(StartOrder, WhatTheHostChangesLaterCountsFromTheNextStart) {
+  Start();
+  profiles.SetText(kHostIni,
+                   u"[Miscellaneous]\r\nAlwaysShowCompileDownload=1\r\nOKtoShowToolTips=0\r\n"
+                   u"[FileLocations]\r\nHOTASStatusBarErrors=1\r\n"
+                   u"[Unsupported]\r\nForeignLanguageKBInputFix=1\r\nUseHLPnotCHM=1\r\n"
+                   u"CheckForCompletionTime=1\r\n");
+  files.AddFile(u"C:\\a.tmj", "BTN S1 X\r\n");
+  Open(u"C:\\a.tmj");
+  CompilerReports(u"OK", 0, 3, u"");
+  int interval = 0;
+  events.actions.push_front([&] { interval = events.Interval(TimerId::kDownloadTimer); });
+  editor.Execute(CommandId::kCompile);
+  EXPECT_EQ(interval, 1000);
+  ASSERT_EQ(prompts.shown.size(), 1u) << "not in the status bar only";
+  EXPECT_EQ(prompts.shown[0].title, u"Compile results");
+  editor.Execute(CommandId::kFileNew);
+  EXPECT_FALSE(view.commands[CommandId::kCompile].enabled);
+  EXPECT_TRUE(view.toolTips);
 }
 
 TEST_F(EndOrder, EveryTabIsSelectedInTurnAlsoTheUnmodifiedOnes) {
@@ -180,6 +214,51 @@ TEST_F(EndOrder, TheTicksOfTheMenusAreKeptAndShown) {
   EXPECT_EQ(Own(u"Miscellaneous", u"EnableJoystick"), u"0");
   EXPECT_EQ(Own(u"Miscellaneous", u"RunAppsWithDownload"), u"1");
   EXPECT_EQ(Own(u"Miscellaneous", u"IndentAsWell"), u"1");
+}
+
+TEST_F(EndOrder, SettingsThatCannotBeWrittenEndTheSessionAllTheSame) {
+  system.version = SystemVersion{2, 6, 2};
+  files.AddFile(u"C:\\Host\\Info\\Syntax.rtf", "{\\rtf1 a}");
+  Start();
+  editor.Execute(CommandId::kFind);
+  editor.Execute(CommandId::kHelpSyntax);
+  profiles.writable = false;
+  ASSERT_TRUE(editor.QueryUnload());
+  editor.Unload();
+  EXPECT_FALSE(findDialog.IsOpen());
+  EXPECT_FALSE(infoWindow.loaded);
+  EXPECT_EQ(help.closed, 1);
+  EXPECT_TRUE(prompts.shown.empty());
+}
+
+TEST_F(EndOrder, OfTheHostsPreferencesOnlyThoseOfTheKeyTesterAreWritten) {
+  files.AddFile(u"C:\\Host\\KeyCodes.txt", "65,key A\r\n");
+  files.AddFile(u"C:\\Host\\HOTASConfig.exe", "");
+  files.AddFile(u"C:\\a.tmj", "USE MDEF a\r\nBTN S1 X\r\n");
+  files.AddFile(u"C:\\a.tmm", "A = b\r\n");
+  Start();
+  Open(u"C:\\a.tmj");
+  editor.Execute(CommandId::kFileSaveAll);
+  editor.Macros().OnSplitterDragged(250);
+  for (const CommandId command :
+       {CommandId::kIndentWhenAligning, CommandId::kEnableAfterDownload, CommandId::kIgnoreRunApp,
+        CommandId::kHelpSyntax, CommandId::kFind, CommandId::kClearRecentFiles}) {
+    editor.Execute(command);
+  }
+  for (const CommandId command : {CommandId::kCompile, CommandId::kDownload, CommandId::kKeyTest}) {
+    CompilerReports(u"OK", 0, 3, u"");
+    editor.Execute(command);
+  }
+  ASSERT_TRUE(keyTest.open);
+  ASSERT_TRUE(editor.QueryUnload());
+  editor.Unload();
+  int written = 0;
+  for (const FakeProfileFiles::Write& write : profiles.writes) {
+    if (write.file != kHostIni) continue;
+    ++written;
+    EXPECT_EQ(write.section, u"Key Tester");
+  }
+  EXPECT_EQ(written, 7);
 }
 
 TEST_F(EndOrder, AMinimisedWindowKeepsThePlaceOfTheLastEnd) {

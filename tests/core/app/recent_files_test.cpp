@@ -116,6 +116,17 @@ TEST_F(RecentFilesTest, ClearingEmptiesTheValuesAndKeepsTheKeys) {
   EXPECT_EQ(Value(u"PreviousFilePath2"), u"");
 }
 
+TEST_F(RecentFilesTest, AnEntryWithoutAPathKeepsItsPlace) {
+  profiles.SetText(kFile,
+                   u"[Previous Files]\r\nNumberPreviousFiles=3\r\n"
+                   u"PreviousFilePath1=a\r\nPreviousFilePath3=c\r\n");
+  list.LoadRecentFiles();
+  EXPECT_EQ(view.recentFiles, (Paths{u"a", u"", u"c"}));
+  Add({u"d"});
+  EXPECT_EQ(Value(u"NumberPreviousFiles"), u"4");
+  EXPECT_EQ(Value(u"PreviousFilePath4"), u"c");
+}
+
 TEST_F(RecentFilesTest, SurviveACountThatIsNoTruth) {
   Add({u"a"});
   for (const std::u16string_view count : {u"3", u"-1", u"70000", u"abc", u""}) {

@@ -193,7 +193,25 @@ TEST_F(FileOpenTest, EndsOnTheJoystickFileWhenItsMacroFileOpensBesideIt) {
   EXPECT_TRUE(Box(0).visible());
   EXPECT_TRUE(Box(0).focused());
   EXPECT_EQ(recent, (Paths{u"C:\\a.tmj", u"C:\\m.tmm"})) << "the macro file comes last: entry 1";
+  EXPECT_TRUE(refreshedMacrosOf.empty()) << "opening the second file ends no suppression";
   EXPECT_EQ(documents.SkipMacroRefresh, 0);
+}
+
+TEST_F(FileOpenTest, ShowsTheFirstLineAfterTheDetectionSelectedANameFurtherDown) {
+  files.AddFile(u"C:\\m.tmm", "A = b");
+  onDetect = [&] {
+    Box().Select({13, 1});
+    commands.OpenPreviouslySavedFiles(u"C:\\m.tmm");
+  };
+  OpenNew(u"C:\\a.tmj", "one\nUSE MDEF m");
+  ASSERT_EQ(documents.CurrentIndex(), 0);
+  EXPECT_EQ(Panel(2), u"Line no: 1");
+}
+
+TEST_F(FileOpenTest, LeavesASuppressionOfOthersAsItWas) {
+  documents.SkipMacroRefresh = 1;
+  OpenNew(u"C:\\a.tmm", "x");
+  EXPECT_EQ(documents.SkipMacroRefresh, 1);
 }
 
 TEST_F(FileOpenTest, PutsTheCaretAtTheStartAfterTheDetectionSelectedTheName) {
@@ -250,6 +268,19 @@ TEST_F(FileOpenTest, TheSameFileInAnotherLetterCaseIsAnotherFile) {
   OpenNew(u"C:\\a.tmj", "x");
   Open(u"C:\\A.tmj");
   EXPECT_EQ(view.Captions(), (Captions{u"a.tmj", u"A.tmj"}));
+}
+
+TEST_F(FileOpenTest, FilesOfOneNameInTwoFoldersAreTwoDocuments) {
+  OpenNew(u"C:\\one\\a.tmj", "1");
+  OpenNew(u"C:\\two\\a.tmj", "2");
+  EXPECT_EQ(view.Captions(), (Captions{u"a.tmj", u"a.tmj"}));
+  EXPECT_TRUE(prompts.shown.empty());
+  commands.FileSave();
+  Box(0).Type(u"x");
+  documents.Select(0);
+  commands.FileSave();
+  EXPECT_EQ(files.Content(u"C:\\one\\a.tmj"), "x1");
+  EXPECT_EQ(files.Content(u"C:\\two\\a.tmj"), "2");
 }
 
 TEST_F(FileOpenTest, AFileThatCannotBeReadChangesNothing) {
@@ -345,6 +376,20 @@ TEST_F(FileSaveTest, WritesTheTextAndSaysSo) {
   EXPECT_EQ(Panel(1), u"a.tmj successfully saved");
   EXPECT_EQ(Panel(3), u"Saved");
   EXPECT_EQ(recent, Paths{u"C:\\a.tmj"});
+}
+
+TEST_F(FileSaveTest, SaysWhatItDoesBeforeItWritesAndWhileItAsksForAName) {
+  OpenNew(u"C:\\a.tmj", "one");
+  view.messages.clear();
+  commands.FileSave();
+  ASSERT_FALSE(view.messages.empty());
+  EXPECT_EQ(view.messages.front(), u"Saving file");
+  commands.FileNew();
+  std::u16string during;
+  dialogs.onShow = [&] { during = Panel(1); };
+  dialogs.saveResults.push_back(std::nullopt);
+  commands.FileSave();
+  EXPECT_EQ(during, u"Saving file");
 }
 
 TEST_F(FileSaveTest, KeepsItsMessageReadableForThreeSeconds) {
@@ -496,6 +541,8 @@ TEST_F(FileSaveTest, CancellingAfterAReadOnlyFileKeepsPathCaptionAndFlag) {
   EXPECT_EQ(documents[0].path, u"C:\\a.tmj");
   EXPECT_EQ(view.TabAt(1).caption, u"a.tmj");
   EXPECT_EQ(documents[0].modifiedFlag, 1);
+  EXPECT_EQ(documents.CompilerBusy, 0) << "there is no message of a save to keep readable";
+  EXPECT_FALSE(events.IsRunning(TimerId::kTimer1));
 }
 
 TEST_F(FileSaveTest, AFailedWriteKeepsOldFileFlagPathAndRecents) {
@@ -625,6 +672,14 @@ TEST_F(FileSaveAsTest, GoesToTheFilesFolderBeforeTheDialog) {
   EXPECT_EQ(files.Absolute(u"x"), u"C:\\Host\\Files\\x");
   EXPECT_EQ(dialogs.saveRequests[0].fileName, u"") << "an untitled document suggests no name";
   EXPECT_EQ(dialogs.saveRequests[0].filterIndex, 1);
+}
+
+TEST_F(FileSaveAsTest, StoresAnAbsolutePathForARelativeOne) {
+  Box().Type(u"x");
+  dialogs.saveResults.push_back(SaveChoice{u"new.tmj", 1});
+  commands.FileSaveAs();
+  EXPECT_EQ(documents[0].path, u"C:\\Host\\Files\\new.tmj");
+  EXPECT_EQ(recent, Paths{u"C:\\Host\\Files\\new.tmj"});
 }
 
 struct ExtensionCase {

@@ -155,7 +155,7 @@ void Editor::RestorePosition() {
 
 void Editor::OpenStartupFile(std::u16string_view commandLine) {
   const std::u16string file = StartupFileOf(commandLine);
-  if (FileExists(ports_.files, file)) files_.OpenPreviouslySavedFiles(file);
+  if (FileExists(ports_.files, file)) Open({file});
 }
 
 void Editor::BringBackUnsavedTexts(const std::u16string& applicationFolder) {
@@ -213,7 +213,11 @@ void Editor::Unload() {
 void Editor::FillHandlers() {
   handlers_ = {
       {CommandId::kFileNew, [this] { files_.FileNew(); }},
-      {CommandId::kFileOpen, [this] { files_.FileOpen(); }},
+      {CommandId::kFileOpen,
+       [this] {
+         const RecentFileList::OneWrite together(recentFiles_);
+         files_.FileOpen();
+       }},
       {CommandId::kFileSave, [this] { files_.FileSave(); }},
       {CommandId::kFileSaveAs, [this] { files_.FileSaveAs(); }},
       {CommandId::kFileSaveAll, [this] { files_.FileSaveAll(); }},
@@ -309,12 +313,17 @@ void Editor::OpenRecentFile(std::size_t index) {
   // A copy: opening the file moves the list.
   const std::u16string path = recentFiles_.RecentFiles()[index];
   if (FileExists(ports_.files, path)) {
-    files_.OpenPreviouslySavedFiles(path);
+    Open({path});
     return;
   }
   ports_.prompts.Show({u"There's a problem here ... I couldn't find " + path +
                            u" which probably means you've deleted it or moved it. Sorry!",
                        u"Can't find file", BoxStyle::kExclamation});
+}
+
+void Editor::Open(const std::vector<std::u16string>& paths) {
+  const RecentFileList::OneWrite together(recentFiles_);
+  for (const std::u16string& path : paths) files_.OpenPreviouslySavedFiles(path);
 }
 
 void Editor::ShowInfoPage(int index) {
@@ -347,12 +356,11 @@ void Editor::OnStatusBarHovered() {
 }
 
 void Editor::OnFilesDropped(const std::vector<std::u16string>& paths) {
-  if (!IsLoaded()) return;
-  for (const std::u16string& path : paths) files_.OpenPreviouslySavedFiles(path);
+  if (IsLoaded()) Open(paths);
 }
 
 void Editor::OnFileHandedOver(const std::u16string& path) {
-  if (IsLoaded() && FileExists(ports_.files, path)) files_.OpenPreviouslySavedFiles(path);
+  if (IsLoaded() && FileExists(ports_.files, path)) Open({path});
 }
 
 void Editor::OnMenuOpening(Menu menu) {

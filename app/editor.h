@@ -138,6 +138,7 @@ class Editor {
   void ToggleIndentWhenAligning();
   void ShowEditCommands();
   void OpenRecentFile(std::size_t index);
+  void Open(const std::vector<std::u16string>& paths);
   void ShowInfoPage(int index);
 
   EditorPorts ports_;

@@ -44,9 +44,11 @@ void RecentFileList::AddRecentFile(const std::u16string& path) {
     if (recentFiles_.size() > maximum) recentFiles_.resize(maximum);
   }
   view_.SetRecentFiles(recentFiles_);
-  std::vector<ProfileText> texts = Paths();
-  texts.insert(texts.begin(), Count());
-  Write(texts);
+  if (holders_ > 0) {
+    unwritten_ = true;
+  } else {
+    WriteAll();
+  }
 }
 
 void RecentFileList::Clear() {
@@ -71,9 +73,16 @@ std::vector<ProfileText> RecentFileList::Paths() const {
   return texts;
 }
 
+void RecentFileList::WriteAll() {
+  std::vector<ProfileText> texts = Paths();
+  texts.insert(texts.begin(), Count());
+  Write(texts);
+}
+
 // The list is a convenience: what cannot be stored is simply not there at the next start.
 void RecentFileList::Write(const std::vector<ProfileText>& texts) {
   static_cast<void>(profiles_.WriteTexts(settings_.SettingsPath, kSection, texts));
+  unwritten_ = false;
 }
 
 }  // namespace deck

@@ -14,6 +14,21 @@ namespace deck {
 
 class RecentFileList {
  public:
+  // While one lives, paths that come in are written together when the last one ends: each write
+  // costs as much as loading a short file.
+  class [[nodiscard]] OneWrite {
+   public:
+    explicit OneWrite(RecentFileList& list) : list_(list) { ++list_.holders_; }
+    ~OneWrite() {
+      if (--list_.holders_ == 0 && list_.unwritten_) list_.WriteAll();
+    }
+    OneWrite(const OneWrite&) = delete;
+    OneWrite& operator=(const OneWrite&) = delete;
+
+   private:
+    RecentFileList& list_;
+  };
+
   RecentFileList(ProfileFiles& profiles, MainWindowView& view, const Settings& settings);
 
   void LoadRecentFiles();
@@ -30,11 +45,14 @@ class RecentFileList {
   ProfileText Count() const;
   std::vector<ProfileText> Paths() const;
   void Write(const std::vector<ProfileText>& texts);
+  void WriteAll();
 
   ProfileFiles& profiles_;
   MainWindowView& view_;
   const Settings& settings_;
   std::vector<std::u16string> recentFiles_;
+  int holders_ = 0;
+  bool unwritten_ = false;
 };
 
 }  // namespace deck

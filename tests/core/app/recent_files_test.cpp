@@ -68,6 +68,25 @@ TEST_F(RecentFilesTest, AddingTheFirstAgainMovesNothingButWritesAllKeys) {
   EXPECT_EQ(profiles.writes[2].key, u"PreviousFilePath2");
 }
 
+TEST_F(RecentFilesTest, AreWrittenOnceForAllThatOneCommandOpens) {
+  Add({u"a"});
+  profiles.writes.clear();
+  {
+    const RecentFileList::OneWrite together(list);
+    Add({u"b"});
+    const RecentFileList::OneWrite inside(list);
+    Add({u"c"});
+    EXPECT_EQ(view.recentFiles, (Paths{u"c", u"b", u"a"})) << "the menu does not wait";
+    EXPECT_TRUE(profiles.writes.empty());
+  }
+  EXPECT_EQ(profiles.writes.size(), 4u) << "the count and three paths";
+  EXPECT_EQ(Value(u"PreviousFilePath1"), u"c");
+  EXPECT_EQ(Value(u"PreviousFilePath3"), u"a");
+  profiles.writes.clear();
+  { const RecentFileList::OneWrite nothingCameIn(list); }
+  EXPECT_TRUE(profiles.writes.empty());
+}
+
 TEST_F(RecentFilesTest, ComparePathsExactly) {
   Add({u"C:\\a.tmj", u"C:\\A.tmj"});
   EXPECT_EQ(list.RecentFiles().size(), 2u);

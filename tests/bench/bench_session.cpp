@@ -15,7 +15,7 @@ namespace deck {
 namespace {
 
 constexpr int kDpi = 96;
-constexpr wchar_t kBareClass[] = L"WrenDeckBareControls";
+constexpr wchar_t kWindowClass[] = L"WrenDeckBench";
 
 void Require(bool done, const char* what) {
   if (done) return;
@@ -96,20 +96,27 @@ void Session::CloseAll() {
   Pump();
 }
 
-BareControls::BareControls(const RECT& place) : place_(place), font_(EditFonts().Make(kDpi)) {
+void Pump() {
+  MessageLoop loop;
+  PumpUntilIdle(loop);
+}
+
+BenchWindow::BenchWindow() {
   WNDCLASSW description{};
   description.lpfnWndProc = DefWindowProcW;
   description.hInstance = GetModuleHandleW(nullptr);
   description.hbrBackground = GetSysColorBrush(COLOR_3DFACE);
-  description.lpszClassName = kBareClass;
+  description.lpszClassName = kWindowClass;
   RegisterClassW(&description);  // fails harmlessly when it was done before
-  window_ = CreateWindowExW(0, kBareClass, L"Bare controls", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
-                            50, 50, 900, 600, nullptr, nullptr, description.hInstance, nullptr);
+  window_ = CreateWindowExW(0, kWindowClass, L"Measuring", WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN,
+                            50, 50, 940, 660, nullptr, nullptr, description.hInstance, nullptr);
   ShowWindow(window_, SW_SHOWNA);
 }
 
+BareControls::BareControls(const RECT& place) : place_(place), font_(EditFonts().Make(kDpi)) {}
+
 HWND BareControls::Add() {
-  return CreateRichEdit(window_, 1, place_, font_.Get());
+  return CreateRichEdit(window_.Handle(), 1, place_, font_.Get());
 }
 
 }  // namespace deck

@@ -1,5 +1,5 @@
-// What the benchmarks of the whole program work with: an application folder with files to open, the
-// program running in this process, and bare rich edit controls to compare it with.
+// What the benchmarks with windows work with: an application folder with files to open, the program
+// running in this process, and a window with bare rich edit controls to compare it with.
 #pragma once
 
 #include <windows.h>
@@ -35,6 +35,8 @@ class ApplicationFolder {
 // Dispatches with `loop` until nothing is pending, all painting included; gives the milliseconds
 // that the longest message took.
 double PumpUntilIdle(MessageLoop& loop);
+// The same without a program.
+void Pump();
 
 // The program, started and shown at a fixed size.
 class Session {
@@ -59,21 +61,32 @@ class Session {
   std::unique_ptr<Program> program_;
 };
 
-// A visible window with nothing but rich edit controls, as the editor makes them, in it.
+// A visible window for controls that are measured without the program.
+class BenchWindow {
+ public:
+  BenchWindow();
+  ~BenchWindow() { DestroyWindow(window_); }
+  BenchWindow(const BenchWindow&) = delete;
+  BenchWindow& operator=(const BenchWindow&) = delete;
+
+  HWND Handle() const { return window_; }
+
+ private:
+  HWND window_;
+};
+
+// Rich edit controls, as the editor makes them, in a window with nothing else in it.
 class BareControls {
  public:
   // `place` as in the editor's window.
   explicit BareControls(const RECT& place);
-  ~BareControls() { DestroyWindow(window_); }
-  BareControls(const BareControls&) = delete;
-  BareControls& operator=(const BareControls&) = delete;
 
   // An empty control, hidden.
   HWND Add();
 
  private:
+  BenchWindow window_;
   RECT place_;
-  HWND window_ = nullptr;
   FontHandle font_;
 };
 

@@ -10,22 +10,14 @@
 #include <vector>
 
 #include "documents/win32/rich_edit_box.h"
+#include "tests/bench/bench_session.h"
 #include "tests/bench/costs.h"
 
 namespace deck {
 namespace {
 
 constexpr int kRounds = 5;
-constexpr wchar_t kWindowClass[] = L"WrenDeckEditBoxBench";
 constexpr RECT kPlace{0, 0, 900, 600};
-
-void Pump() {
-  MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
-}
 
 std::u16string Text(int lines) {
   std::u16string text;
@@ -68,7 +60,6 @@ Row Measure(HWND window, EditBoxSettings& settings, int lines) {
     DestroyWindow(bare);
 
     RichEditBox box(settings, window, 2, 96, {});
-    SetWindowPos(box.Window(), HWND_TOP, 0, 0, kPlace.right, kPlace.bottom, 0);
     box.SetVisible(true);
     box.Focus();
     box.Load(text);
@@ -122,19 +113,16 @@ void Print(int lines, const Row& row) {
 
 void Run() {
   OleInitialize(nullptr);
-  WNDCLASSW description{};
-  description.lpfnWndProc = DefWindowProcW;
-  description.hInstance = GetModuleHandleW(nullptr);
-  description.lpszClassName = kWindowClass;
-  RegisterClassW(&description);
-  const HWND window = CreateWindowExW(0, kWindowClass, L"Edit box costs",
-                                      WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 940,
-                                      660, nullptr, nullptr, description.hInstance, nullptr);
-  SetForegroundWindow(window);
-  Pump();
-  EditBoxSettings settings;
-  for (const int lines : {200, 2'000, 10'000}) Print(lines, Measure(window, settings, lines));
-  DestroyWindow(window);
+  {
+    const BenchWindow window;
+    SetForegroundWindow(window.Handle());
+    Pump();
+    EditBoxSettings settings;
+    settings.place = kPlace;
+    for (const int lines : {200, 2'000, 10'000}) {
+      Print(lines, Measure(window.Handle(), settings, lines));
+    }
+  }
   OleUninitialize();
 }
 

@@ -14,6 +14,7 @@
 #include "documents/win32/rich_edit_box.h"
 #include "find/find_and_replace.h"
 #include "platform/text_edits.h"
+#include "tests/bench/bench_session.h"
 #include "tests/bench/costs.h"
 #include "tests/fakes/fake_code_page.h"
 #include "tests/fakes/fake_files.h"
@@ -27,7 +28,6 @@
 namespace deck {
 namespace {
 
-constexpr wchar_t kWindowClass[] = L"WrenDeckEditingBench";
 constexpr RECT kPlace{0, 0, 900, 600};
 constexpr int kDpi = 96;
 
@@ -51,22 +51,13 @@ void Require(bool holds, const char* what) {
   allBoundsHold = false;
 }
 
-void Pump() {
-  MSG message{};
-  while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) {
-    TranslateMessage(&message);
-    DispatchMessageW(&message);
-  }
-}
-
 // A visible window with a document in it and the commands on that document.
 class Workplace {
  public:
   explicit Workplace(HWND window) : window_(window) {
+    boxes_.place = kPlace;
     view_.makeEditBox = [this](EditBox::Events events) {
-      auto box = std::make_unique<RichEditBox>(boxes_, window_, 1, kDpi, std::move(events));
-      SetWindowPos(box->Window(), HWND_TOP, 0, 0, kPlace.right, kPlace.bottom, 0);
-      return box;
+      return std::make_unique<RichEditBox>(boxes_, window_, 1, kDpi, std::move(events));
     };
     documents_.Add();
     documents_.Select(0);
@@ -212,21 +203,13 @@ void Measure(Workplace& place, const Command& command) {
 
 int Run() {
   OleInitialize(nullptr);
-  WNDCLASSW description{};
-  description.lpfnWndProc = DefWindowProcW;
-  description.hInstance = GetModuleHandleW(nullptr);
-  description.lpszClassName = kWindowClass;
-  RegisterClassW(&description);
-  const HWND window = CreateWindowExW(0, kWindowClass, L"Editing costs",
-                                      WS_OVERLAPPEDWINDOW | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 940,
-                                      660, nullptr, nullptr, description.hInstance, nullptr);
-  SetForegroundWindow(window);
-  Pump();
   {
-    Workplace place(window);
+    const BenchWindow window;
+    SetForegroundWindow(window.Handle());
+    Pump();
+    Workplace place(window.Handle());
     for (const Command& command : Commands()) Measure(place, command);
   }
-  DestroyWindow(window);
   OleUninitialize();
   std::printf("%s\n", allBoundsHold ? "all bounds hold" : "at least one bound is missed");
   return allBoundsHold ? 0 : 1;

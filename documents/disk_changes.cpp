@@ -1,43 +1,39 @@
 #include "documents/disk_changes.h"
 
 #include <utility>
+#include <vector>
 
 #include "documents/file_kinds.h"
+#include "platform/strings.h"
 
 namespace deck {
-namespace {
-
-void Append(std::u16string& list, std::u16string_view separator, const std::u16string& item) {
-  if (!list.empty()) list += separator;
-  list += item;
-}
-
-}  // namespace
-
 DiskChanges::DiskChanges(DocumentSet& documents, StatusBar& status, const Files& files,
                          const CodePage& codePage)
     : documents_(documents), status_(status), files_(files), codePage_(codePage) {}
 
 void DiskChanges::Look() {
-  std::u16string readAgain;
-  std::u16string leftAlone;
+  std::vector<std::u16string> readAgain;
+  std::vector<std::u16string> leftAlone;
   bool macrosChanged = false;
   for (int index = 0; index < documents_.Count(); ++index) {
     const Change change = LookAt(documents_[index]);
     const std::u16string& caption = documents_[index].caption;
     if (change == Change::kReadAgain) {
-      Append(readAgain, u", ", caption);
+      readAgain.push_back(caption);
       macrosChanged = macrosChanged || IsMacroFile(caption);
     }
-    if (change == Change::kLeftAlone) Append(leftAlone, u", ", caption);
+    if (change == Change::kLeftAlone) leftAlone.push_back(caption);
   }
   if (macrosChanged && documents_.refreshMacros) documents_.refreshMacros(documents_.Current());
-  std::u16string message;
-  if (!readAgain.empty()) Append(message, u". ", u"Changed on disk and read again: " + readAgain);
-  if (!leftAlone.empty()) Append(message, u". ", u"Changed on disk: " + leftAlone);
-  if (message.empty()) return;
+  std::vector<std::u16string> messages;
+  const auto tell = [&](const std::u16string& what, const std::vector<std::u16string>& captions) {
+    if (!captions.empty()) messages.push_back(what + Join(captions, u", "));
+  };
+  tell(u"Changed on disk and read again: ", readAgain);
+  tell(u"Changed on disk: ", leftAlone);
+  if (messages.empty()) return;
   documents_.ShowCaretLine();
-  status_.Say(message);
+  status_.Say(Join(messages, u". "));
 }
 
 DiskChanges::Change DiskChanges::LookAt(Document& document) {

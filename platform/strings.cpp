@@ -154,6 +154,15 @@ std::u16string ReplaceAll(std::u16string_view text, char16_t from, char16_t to) 
   return replaced;
 }
 
+std::u16string Join(const std::vector<std::u16string>& parts, std::u16string_view separator) {
+  std::u16string joined;
+  for (std::size_t part = 0; part < parts.size(); ++part) {
+    if (part > 0) joined += separator;
+    joined += parts[part];
+  }
+  return joined;
+}
+
 std::u16string DoubleAmpersands(std::u16string_view text) {
   std::u16string doubled;
   doubled.reserve(text.size());

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace deck {
 
@@ -32,6 +33,7 @@ std::size_t FindIgnoringCase(std::u16string_view text, std::u16string_view patte
                              std::size_t from = 0);
 
 std::u16string ReplaceAll(std::u16string_view text, char16_t from, char16_t to);
+std::u16string Join(const std::vector<std::u16string>& parts, std::u16string_view separator);
 // For menus and tabs, where a single "&" would underline the next letter.
 std::u16string DoubleAmpersands(std::u16string_view text);
 

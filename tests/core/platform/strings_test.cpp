@@ -197,6 +197,12 @@ TEST(DecimalWithSignPlace, KeepsThePlaceOfTheSign) {
   EXPECT_EQ(DecimalWithSignPlace(-5), u"-5");
 }
 
+TEST(Join, PutsTheSeparatorBetweenTheParts) {
+  EXPECT_EQ(Join({}, u", "), u"");
+  EXPECT_EQ(Join({u"one"}, u", "), u"one");
+  EXPECT_EQ(Join({u"one", u"", u"three"}, u", "), u"one, , three");
+}
+
 TEST(PathParts, AreCutAtTheLastSeparator) {
   EXPECT_EQ(FileNameOf(u"C:\\x\\a.tmj"), u"a.tmj");
   EXPECT_EQ(FolderOf(u"C:\\x\\a.tmj"), u"C:\\x\\");

@@ -70,6 +70,7 @@ void Editor::JoinFeatures() {
 
 void Editor::JoinFileCommands() {
   files_.links = {
+      .keepText = [this](const Document& document) { recovery_.KeepNow(document); },
       .addRecentFile = [this](const std::u16string& path) { recentFiles_.AddRecentFile(path); },
       .showMacrosOf = [this](const std::u16string& path) { macros_.ShowMacrosOf(path); },
       .detectMacroFile =
@@ -163,16 +164,12 @@ void Editor::BringBackUnsavedTexts(const std::u16string& applicationFolder) {
     status_.Say(u"Settings and unsaved texts cannot be kept in " + applicationFolder);
     return;
   }
-  std::u16string captions;
-  for (const std::u16string& caption : recovery_.Restore()) {
-    captions += (captions.empty() ? u"" : u", ") + caption;
-  }
+  const std::u16string captions = Join(recovery_.Restore(), u", ");
   if (!captions.empty()) status_.Say(u"Unsaved text has come back: " + captions);
 }
 
 void Editor::KeepUnsavedTexts() {
-  recovery_.Update();
-  if (!recovery_.TakeFailure() || recoveryFailureTold_) return;
+  if (recovery_.Update() || recoveryFailureTold_) return;
   recoveryFailureTold_ = true;
   status_.Hint(u"Unsaved text cannot be kept for the case of a crash");
 }

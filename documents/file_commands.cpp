@@ -191,7 +191,12 @@ Result<void> FileCommands::Write(Document& document) {
   std::string bytes =
       text == document.file.text ? document.file.bytes : EncodeFile(text, format, ports_.codePage);
   if (Result<void> kept = KeepNewerText(document, bytes); !kept) return kept;
-  if (Result<void> written = ports_.files.Replace(document.path, bytes); !written) return written;
+  Result<void> written = ports_.files.ReplaceWhole(document.path, bytes);
+  if (!written) {
+    links.keepText(document);
+    written = ports_.files.Replace(document.path, bytes);
+  }
+  if (!written) return written;
   const auto attributes = ports_.files.Attributes(document.path);
   document.file = {std::move(bytes), std::move(text), format, attributes ? attributes->stamp : 0};
   return {};

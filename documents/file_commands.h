@@ -21,6 +21,8 @@ namespace deck {
 
 // How file commands reach what other folders own; set by app/editor.
 struct FileCommandLinks {
+  // Keeps the text for the case that the program dies while it writes over the document's file.
+  std::function<void(const Document& document)> keepText;
   std::function<void(const std::u16string& path)> addRecentFile;
   // Shows the macro panel and analyses the macro file at `path`.
   std::function<void(const std::u16string& path)> showMacrosOf;

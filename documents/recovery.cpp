@@ -113,8 +113,8 @@ std::shared_ptr<Recovery::File> Recovery::NewFile() {
   return file;
 }
 
-void Recovery::Update() {
-  if (sessions_.empty()) return;
+bool Recovery::Update() {
+  if (sessions_.empty()) return true;
   for (auto kept = kept_.begin(); kept != kept_.end();) {
     const int index = documents_.IndexOf(kept->first);
     if (index >= 0 && IsWorthKeeping(documents_[index])) {
@@ -124,24 +124,32 @@ void Recovery::Update() {
       kept = kept_.erase(kept);
     }
   }
+  bool kept = true;
   for (int index = 0; index < documents_.Count(); ++index) {
-    if (IsWorthKeeping(documents_[index])) Keep(documents_[index]);
+    if (IsWorthKeeping(documents_[index])) kept = Keep(documents_[index]) && kept;
   }
+  return kept;
 }
 
-void Recovery::Keep(Document& document) {
+void Recovery::KeepNow(const Document& document) {
+  if (sessions_.empty()) return;
+  // An older text of this document may be on its way to the disk still.
+  ports_.background.Finish();
+  Keep(document);
+  ports_.background.Finish();
+}
+
+bool Recovery::Keep(const Document& document) {
   Kept& kept = kept_[document.id];
+  bool failed = false;
   if (!kept.file) {
     kept.file = NewFile();
   } else {
     const File::State state = kept.file->state;
     // A slow disk gets the newest text next time, not every text in between.
-    if (state == File::State::kWriting) return;
-    if (state == File::State::kFailed) {
-      failed_ = true;
-    } else if (kept.revision == document.revision && kept.path == document.path) {
-      return;
-    }
+    if (state == File::State::kWriting) return true;
+    failed = state == File::State::kFailed;
+    if (!failed && kept.revision == document.revision && kept.path == document.path) return true;
   }
   kept.revision = document.revision;
   kept.path = document.path;
@@ -150,9 +158,10 @@ void Recovery::Keep(Document& document) {
                               FingerprintOf(document.file.bytes), document.text1->Text()};
   ports_.background.Start(
       [&files = ports_.files, file = kept.file, bytes = EncodeRecoveryFile(recovery)] {
-        const bool written = static_cast<bool>(files.Replace(file->path, bytes));
+        const bool written = static_cast<bool>(files.ReplaceWhole(file->path, bytes));
         file->state = written ? File::State::kIdle : File::State::kFailed;
       });
+  return !failed;
 }
 
 void Recovery::Drop(const std::shared_ptr<File>& file) {
@@ -167,10 +176,6 @@ void Recovery::End() {
   // Only when the texts are gone may another editor find the session without an owner.
   ports_.background.Finish();
   sessions_.clear();
-}
-
-bool Recovery::TakeFailure() {
-  return std::exchange(failed_, false);
 }
 
 }  // namespace deck

@@ -41,12 +41,14 @@ class Recovery {
   // none that was lost; what is no text of this program stays where it is.
   std::vector<std::u16string> Restore();
   // Writes what was edited since the last call and takes away what was saved or closed. Returns
-  // before the disk has done it. To be called on every tick of kRecoveryTimer.
-  void Update();
+  // before the disk has done it; false when it could not do so last time, and is to try again. To
+  // be called on every tick of kRecoveryTimer.
+  bool Update();
+  // Has the document's text on disk when it returns, edited or not, as far as that can be. The next
+  // Update takes it away when the document was saved.
+  void KeepNow(const Document& document);
   // The user has decided about every document.
   void End();
-  // A text could not be written since the last call; it is written again with the next Update.
-  bool TakeFailure();
 
  private:
   // One file of a document, shared with the work in the background.
@@ -61,7 +63,8 @@ class Recovery {
   bool Hold(int session);
   bool TakeOver(const RecoveryName& name);
   std::shared_ptr<File> NewFile();
-  void Keep(Document& document);
+  // False when the text could not be written last time.
+  bool Keep(const Document& document);
   void Drop(const std::shared_ptr<File>& file);
   std::u16string PathOf(const std::u16string& fileName) const { return folder_ + u"\\" + fileName; }
 
@@ -72,7 +75,6 @@ class Recovery {
   std::vector<RecoveryName> left_;                     // by editors that died; not yet taken over
   RecoveryName last_;                                  // given to a file
   std::map<DocumentId, Kept> kept_;
-  bool failed_ = false;
 };
 
 }  // namespace deck

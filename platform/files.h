@@ -37,7 +37,11 @@ class Files {
 
   // Makes `bytes` the whole content of the file, which is created when missing. A process that dies
   // at any moment leaves either the old file or the new one whole; on failure the old file stands
-  // untouched. Attributes stay; a read-only file is not replaced.
+  // untouched. Attributes stay; a read-only file is not replaced. Fails where the folder takes no
+  // second file for a moment.
+  virtual Result<void> ReplaceWhole(const std::u16string& path, std::string_view bytes) = 0;
+  // The same, but where the folder takes no second file the old one is written over, and a process
+  // that dies in between leaves it torn.
   virtual Result<void> Replace(const std::u16string& path, std::string_view bytes) = 0;
   // Fails when the file exists already.
   virtual Result<void> Create(const std::u16string& path, std::string_view bytes) = 0;

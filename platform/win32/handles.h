@@ -47,7 +47,12 @@ struct FileHandleKind : HandleKind<HANDLE, CloseHandle> {
   static HANDLE None() { return INVALID_HANDLE_VALUE; }
 };
 
+struct FindHandleKind : HandleKind<HANDLE, FindClose> {
+  static HANDLE None() { return INVALID_HANDLE_VALUE; }
+};
+
 using FileHandle = Handle<FileHandleKind>;
+using FindHandle = Handle<FindHandleKind>;
 using KernelHandle = Handle<HandleKind<HANDLE, CloseHandle>>;  // processes, threads, events
 using WindowHandle = Handle<HandleKind<HWND, DestroyWindow>>;
 using MenuHandle = Handle<HandleKind<HMENU, DestroyMenu>>;

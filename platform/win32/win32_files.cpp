@@ -8,6 +8,7 @@
 
 #include "platform/strings.h"
 #include "platform/win32/handles.h"
+#include "platform/win32/second_file.h"
 #include "platform/win32/system_error.h"
 #include "platform/win32/wide_text.h"
 
@@ -100,12 +101,6 @@ void CopyAccessRights(const std::u16string& from, const std::u16string& to) {
   }
 }
 
-// Beside the file and like no other one, even of a process that died with its own left behind.
-std::u16string SecondName(const std::u16string& path) {
-  const auto milliseconds = static_cast<std::int64_t>(GetTickCount64());
-  return path + u"~" + Decimal(GetCurrentProcessId()) + u"-" + Decimal(milliseconds) + u".tmp";
-}
-
 DWORD ReplaceBySecondFile(const std::u16string& path, std::string_view bytes, DWORD attributes) {
   const std::u16string second = SecondName(path);
   DWORD error = WriteNewFile(second, bytes, attributes);
@@ -161,11 +156,6 @@ class Win32FileLock : public FileLock {
   FileHandle file_;
 };
 
-struct FindHandleKind : HandleKind<HANDLE, FindClose> {
-  static HANDLE None() { return INVALID_HANDLE_VALUE; }
-};
-using FindHandle = Handle<FindHandleKind>;
-
 }  // namespace
 
 std::optional<FileAttributes> Win32Files::Attributes(const std::u16string& path) const {
@@ -189,19 +179,27 @@ Result<std::string> Win32Files::Read(const std::u16string& path) const {
   return ReadAll(file.Get());
 }
 
-Result<void> Win32Files::Replace(const std::u16string& path, std::string_view bytes) {
+Result<void> Win32Files::ReplaceWhole(const std::u16string& path, std::string_view bytes) {
   const std::u16string absolute = Absolute(path);
   if (const DWORD error = PathError(absolute)) return ProblemOf(error);
   const DWORD attributes = GetFileAttributesW(Wide(absolute));
   const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
   if (exists && (attributes & kNotReplaceable) != 0) return ProblemOf(ERROR_ACCESS_DENIED);
+  if (exists && (attributes & kWrittenInPlace) != 0) return ProblemOf(ERROR_NOT_SUPPORTED);
+  DeleteLeftSecondFiles(absolute);
   const DWORD kept = exists ? attributes & kKeptAttributes : 0;
-  if (!exists || (attributes & kWrittenInPlace) == 0) {
-    const DWORD error = ReplaceBySecondFile(absolute, bytes, kept | FILE_ATTRIBUTE_ARCHIVE);
-    if (error == ERROR_SUCCESS) return {};
-  }
-  return exists ? ReplaceInPlace(absolute, bytes)
-                : ToResult(WriteNewFile(absolute, bytes, FILE_ATTRIBUTE_NORMAL));
+  return ToResult(ReplaceBySecondFile(absolute, bytes, kept | FILE_ATTRIBUTE_ARCHIVE));
+}
+
+Result<void> Win32Files::Replace(const std::u16string& path, std::string_view bytes) {
+  Result<void> whole = ReplaceWhole(path, bytes);
+  const std::u16string absolute = Absolute(path);
+  if (whole || PathError(absolute) != ERROR_SUCCESS) return whole;
+  const DWORD attributes = GetFileAttributesW(Wide(absolute));
+  if (attributes == INVALID_FILE_ATTRIBUTES)
+    return ToResult(WriteNewFile(absolute, bytes, FILE_ATTRIBUTE_NORMAL));
+  if ((attributes & kNotReplaceable) != 0) return whole;
+  return ReplaceInPlace(absolute, bytes);
 }
 
 Result<void> Win32Files::Create(const std::u16string& path, std::string_view bytes) {

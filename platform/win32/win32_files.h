@@ -11,10 +11,11 @@ class Win32Files : public Files {
   std::optional<FileAttributes> Attributes(const std::u16string& path) const override;
   // Also refuses devices and files of more than 256 MB.
   Result<std::string> Read(const std::u16string& path) const override;
-  // A new file beside the old one takes its place. Where that cannot be - the folder or the disk
-  // has no room for a second file, another program has the old one open, the file is a link or
-  // encrypted
-  // - the old file is written over, and put back from memory when that fails.
+  // A new file beside the old one takes its place. That cannot be where the folder or the disk has
+  // no room for a second file, another program has the old one open, or the file is a link or
+  // encrypted.
+  Result<void> ReplaceWhole(const std::u16string& path, std::string_view bytes) override;
+  // What was written over is put back from memory when that fails.
   Result<void> Replace(const std::u16string& path, std::string_view bytes) override;
   Result<void> Create(const std::u16string& path, std::string_view bytes) override;
   bool Delete(const std::u16string& path) override;

@@ -11,6 +11,7 @@
 
 #include "platform/strings.h"
 #include "platform/text_encoding.h"
+#include "platform/win32/second_file.h"
 #include "platform/win32/wide_text.h"
 
 namespace deck {
@@ -62,17 +63,32 @@ void SetLine(std::vector<std::string>& lines, const std::string& key, const std:
   }
 }
 
+// The system cuts a file before it writes, and need not notice that the disk is full.
+bool HasRoomForACopy(const std::string& path) {
+  constexpr ULONGLONG kNewKeys = 65'536;
+  ULARGE_INTEGER room{};
+  const std::string folder = path.substr(0, path.rfind('\\') + 1);
+  if (!GetDiskFreeSpaceExA(folder.c_str(), &room, nullptr, nullptr)) return true;
+  WIN32_FILE_ATTRIBUTE_DATA file{};
+  if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &file)) return true;
+  const ULONGLONG size = (ULONGLONG{file.nFileSizeHigh} << 32) | file.nFileSizeLow;
+  return room.QuadPart >= size + kNewKeys;
+}
+
 // Writes to a copy of the file, which then takes its place: the system cuts the file before it
 // writes, and a process that dies in between would leave half the settings. Not flushed, since what
 // a power failure takes of them is easily set again. Where the folder takes no second file, or
 // another program has the old one open, the file itself is written.
-bool WriteWhole(const std::string& path, const std::function<bool(const std::string&)>& write) {
-  if (path.empty()) return false;
-  const std::string copy = path + '~' + std::to_string(GetCurrentProcessId()) + ".tmp";
+bool WriteWhole(const std::string& path, const CodePage& codePage,
+                const std::function<bool(const std::string&)>& write) {
+  if (path.empty() || !HasRoomForACopy(path)) return false;
+  const std::u16string name = codePage.Decode(path).value_or(std::u16string());
+  const std::string copy = codePage.Encode(SecondName(name)).value_or(std::string());
   const DWORD attributes = GetFileAttributesA(path.c_str());
   const bool isNew = attributes == INVALID_FILE_ATTRIBUTES;
   const bool isReadOnly = !isNew && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-  if (isReadOnly || copy.size() >= MAX_PATH) return write(path);
+  if (name.empty() || copy.empty() || isReadOnly || copy.size() >= MAX_PATH) return write(path);
+  DeleteLeftSecondFiles(name);
   if ((isNew || CopyFileA(path.c_str(), copy.c_str(), FALSE)) && write(copy) &&
       MoveFileExA(copy.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) {
     return true;
@@ -107,13 +123,13 @@ std::u16string Win32ProfileFiles::ReadText(const std::u16string& file, std::u16s
 bool Win32ProfileFiles::WriteText(const std::u16string& file, std::u16string_view section,
                                   std::u16string_view key, std::u16string_view value) {
   const ProfileText text{std::u16string(key), std::u16string(value)};
-  return WriteWhole(EncodedPath(file),
+  return WriteWhole(EncodedPath(file), codePage_,
                     [&](const std::string& path) { return SetText(path, section, text); });
 }
 
 bool Win32ProfileFiles::WriteTexts(const std::u16string& file, std::u16string_view section,
                                    const std::vector<ProfileText>& texts) {
-  return WriteWhole(EncodedPath(file),
+  return WriteWhole(EncodedPath(file), codePage_,
                     [&](const std::string& path) { return SetTexts(path, section, texts); });
 }
 

@@ -115,6 +115,8 @@ TEST_F(FilesContract, ReplacesTheWholeContent) {
   for (const std::string& bytes : {std::string("new"), large, std::string(), std::string("end")}) {
     ASSERT_TRUE(files_.Replace(file, bytes));
     EXPECT_EQ(Content(file), bytes);
+    ASSERT_TRUE(files_.ReplaceWhole(file, bytes + "!"));
+    EXPECT_EQ(Content(file), bytes + "!");
   }
   EXPECT_EQ(world_->CountFiles(), 1);
 }
@@ -122,13 +124,16 @@ TEST_F(FilesContract, ReplacesTheWholeContent) {
 TEST_F(FilesContract, ReplacesAMissingFileByANewOne) {
   ASSERT_TRUE(files_.Replace(In(u"a.tmj"), "new"));
   EXPECT_EQ(Content(In(u"a.tmj")), "new");
-  EXPECT_EQ(world_->CountFiles(), 1);
+  ASSERT_TRUE(files_.ReplaceWhole(In(u"b.tmj"), "new"));
+  EXPECT_EQ(Content(In(u"b.tmj")), "new");
+  EXPECT_EQ(world_->CountFiles(), 2);
 }
 
 TEST_F(FilesContract, KeepsTheReadOnlyFileItIsToReplace) {
   const std::u16string file = MakeFile(u"a.tmj", "old");
   world_->SetReadOnly(file, true);
   ExpectProblem(files_.Replace(file, "new"));
+  ExpectProblem(files_.ReplaceWhole(file, "new"));
   EXPECT_EQ(Content(file), "old");
   EXPECT_TRUE(files_.Attributes(file)->readOnly);
   EXPECT_EQ(world_->CountFiles(), 1);
@@ -140,6 +145,7 @@ TEST_F(FilesContract, ReplacesNothingWhereNoFileCanBe) {
   for (const std::u16string& path :
        {In(u"sub"), In(u"missing\\a.tmj"), In(u"a*.tmj"), In(longName), std::u16string()}) {
     ExpectProblem(files_.Replace(path, "x"));
+    ExpectProblem(files_.ReplaceWhole(path, "x"));
   }
   EXPECT_TRUE(files_.Attributes(In(u"sub"))->folder);
   EXPECT_EQ(world_->CountFiles(), 0);

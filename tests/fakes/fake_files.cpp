@@ -124,6 +124,11 @@ Result<std::string> FakeFiles::Read(const std::u16string& path) const {
   return node->bytes;
 }
 
+Result<void> FakeFiles::ReplaceWhole(const std::u16string& path, std::string_view bytes) {
+  if (const auto problem = Injected(FileOperation::kReplaceWhole, path)) return *problem;
+  return Replace(path, bytes);
+}
+
 Result<void> FakeFiles::Replace(const std::u16string& path, std::string_view bytes) {
   if (const auto problem = WhyNotWritable(FileOperation::kReplace, path)) return *problem;
   Node* node = Find(path);

@@ -14,7 +14,16 @@
 
 namespace deck {
 
-enum class FileOperation { kRead, kReplace, kCreate, kDelete, kCopy, kCreateFolder, kLock };
+enum class FileOperation {
+  kRead,
+  kReplaceWhole,
+  kReplace,
+  kCreate,
+  kDelete,
+  kCopy,
+  kCreateFolder,
+  kLock
+};
 
 class FakeFiles : public Files {
  public:
@@ -34,13 +43,15 @@ class FakeFiles : public Files {
   bool WasAsked(const std::u16string& path) const { return asked_.contains(path); }
   const std::u16string& CurrentFolder() const { return currentFolder_; }
 
-  // From now on the operation fails on that path; for kCopy it is the target's.
+  // From now on the operation fails on that path; for kCopy it is the target's. What fails for
+  // kReplace fails for kReplaceWhole too.
   void Fail(FileOperation operation, const std::u16string& path,
             const std::u16string& reason = u"The device is not ready.");
   void StopFailing();
 
   std::optional<FileAttributes> Attributes(const std::u16string& path) const override;
   Result<std::string> Read(const std::u16string& path) const override;
+  Result<void> ReplaceWhole(const std::u16string& path, std::string_view bytes) override;
   Result<void> Replace(const std::u16string& path, std::string_view bytes) override;
   Result<void> Create(const std::u16string& path, std::string_view bytes) override;
   bool Delete(const std::u16string& path) override;

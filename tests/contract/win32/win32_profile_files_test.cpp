@@ -67,6 +67,8 @@ TEST_F(Win32ProfileFilesTest, AProcessThatIsKilledWhileItWritesLeavesWholeSettin
     for (int key = 1; key < kSettingsWritten; ++key) EXPECT_EQ(number(key), first) << round;
     EXPECT_EQ(profiles_.ReadText(path, u"Other", u"Key", u""), u"kept");
   }
+  ASSERT_TRUE(profiles_.WriteText(path, u"Other", u"Key", u"new"));
+  EXPECT_EQ(folder_.CountFiles(), 1) << "what the killed ones left is gone";
 }
 
 TEST_F(Win32ProfileFilesTest, WritesTheFileItselfWhereTheFolderTakesNoSecondOne) {

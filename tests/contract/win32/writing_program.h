@@ -24,6 +24,8 @@ class KilledProgram {
   KilledProgram(const KilledProgram&) = delete;
   KilledProgram& operator=(const KilledProgram&) = delete;
 
+  DWORD Number() const { return GetProcessId(process_.Get()); }
+
  private:
   KernelHandle process_;
 };

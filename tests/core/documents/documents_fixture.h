@@ -32,6 +32,10 @@ class DocumentsFixture : public testing::Test {
     documents.refreshMacros = [this](Document& document) {
       refreshedMacrosOf.push_back(document.caption);
     };
+    commands.links.keepText = [this](const Document& document) {
+      kept.push_back(document.path + u"|" + document.text1->Text());
+      keptOver.push_back(files.Content(document.path));
+    };
     commands.links.addRecentFile = [this](const std::u16string& path) { recent.push_back(path); };
     commands.links.showMacrosOf = [this](const std::u16string& path) {
       macrosShown.push_back(path);
@@ -84,6 +88,9 @@ class DocumentsFixture : public testing::Test {
 
   std::vector<std::u16string> refreshedMacrosOf;
   std::vector<std::u16string> recent;
+  // Path and text of what was kept before a file was written over, and the file as it was then.
+  std::vector<std::u16string> kept;
+  std::vector<std::string> keptOver;
   std::vector<std::u16string> macrosShown;
   std::vector<std::u16string> detected;
   int macrosCleared = 0;

@@ -569,6 +569,24 @@ TEST_F(FileSaveTest, AFailedWriteKeepsOldFileFlagPathAndRecents) {
   EXPECT_EQ(files.Content(u"C:\\a.tmj"), "xold");
 }
 
+TEST_F(FileSaveTest, KeepsTheTextElsewhereBeforeItWritesOverTheFile) {
+  OpenNew(u"C:\\a.tmj", "old");
+  Box().Type(u"x");
+  files.Fail(FileOperation::kReplaceWhole, u"C:\\a.tmj");
+  EXPECT_TRUE(commands.FileSave());
+  EXPECT_EQ(files.Content(u"C:\\a.tmj"), "xold");
+  EXPECT_EQ(documents[0].modifiedFlag, 0);
+  EXPECT_EQ(kept, std::vector<std::u16string>{u"C:\\a.tmj|xold"});
+  EXPECT_EQ(keptOver, std::vector<std::string>{"old"});
+}
+
+TEST_F(FileSaveTest, KeepsNothingElsewhereWhereANewFileTakesTheOldOnesPlace) {
+  OpenNew(u"C:\\a.tmj", "old");
+  Box().Type(u"x");
+  EXPECT_TRUE(commands.FileSave());
+  EXPECT_TRUE(kept.empty());
+}
+
 TEST_F(FileSaveTest, AFailedWriteOfAMacroFileDoesNotRefreshTheList) {
   OpenNew(u"C:\\a.tmm", "old");
   Box().Type(u"x");

@@ -293,21 +293,81 @@ TEST_F(RecoveryTest, ASlowDiskGetsTheNewestTextAndNotEveryOne) {
   EXPECT_EQ(RunningEditor(machine).Text(0).size(), 11u);
 }
 
-TEST_F(RecoveryTest, ATextThatCouldNotBeWrittenIsWrittenAgainAndSaidOnce) {
+TEST_F(RecoveryTest, ATextThatCouldNotBeWrittenIsSaidAndWrittenAgain) {
   {
     RunningEditor editor(machine);
     machine.files.Fail(FileOperation::kReplace, kFolder + u"\\1-1.txt");
     editor.Type(u"one");
     editor.recovery.Update();
-    EXPECT_FALSE(editor.recovery.TakeFailure()) << "not known yet";
-    editor.recovery.Update();
-    EXPECT_TRUE(editor.recovery.TakeFailure());
-    EXPECT_FALSE(editor.recovery.TakeFailure());
+    EXPECT_FALSE(editor.recovery.Update());
     machine.files.StopFailing();
-    editor.recovery.Update();
+    EXPECT_FALSE(editor.recovery.Update()) << "of the time before";
     EXPECT_EQ(CountTexts(), 1u);
+    EXPECT_TRUE(editor.recovery.Update());
   }
   EXPECT_EQ(RunningEditor(machine).Text(0), u"one");
+}
+
+TEST_F(RecoveryTest, AKeptTextIsNeverWrittenOverInItsOwnFile) {
+  {
+    RunningEditor editor(machine);
+    editor.Type(u"one");
+    editor.recovery.Update();
+    machine.files.Fail(FileOperation::kReplaceWhole, kFolder + u"\\1-1.txt");
+    editor.Type(u" two");
+    editor.recovery.Update();
+    EXPECT_FALSE(editor.recovery.Update());
+  }
+  machine.files.StopFailing();
+  EXPECT_EQ(RunningEditor(machine).Text(0), u"one");
+}
+
+TEST_F(RecoveryTest, WhatIsKeptBeforeAFileIsWrittenOverComesBackWhenThatTearsIt) {
+  machine.files.AddFile(u"C:\\a.tmj", "old old");
+  {
+    RunningEditor editor(machine);
+    editor.Open(machine, u"C:\\a.tmj");
+    editor.Type(u"new ");
+    editor.background.held = true;
+    editor.recovery.KeepNow(editor.documents[0]);
+    EXPECT_EQ(CountTexts(), 1u) << "on disk before the call returns";
+    machine.files.AddFile(u"C:\\a.tmj", "new old");
+  }
+  RunningEditor editor(machine);
+  EXPECT_EQ(editor.captions, Captions{u"a.tmj"});
+  EXPECT_EQ(editor.Text(0), u"new old old");
+  EXPECT_EQ(editor.documents[0].modifiedFlag, 1);
+  EXPECT_EQ(machine.files.Content(u"C:\\a.tmj"), "new old");
+}
+
+TEST_F(RecoveryTest, TheNewestTextIsKeptBeforeAFileIsWrittenOverWhileAnOlderOneIsOnItsWay) {
+  {
+    RunningEditor editor(machine);
+    editor.background.held = true;
+    editor.Type(u"one");
+    editor.recovery.Update();
+    editor.Type(u" two");
+    editor.recovery.KeepNow(editor.documents[0]);
+  }
+  EXPECT_EQ(RunningEditor(machine).Text(0), u"one two");
+}
+
+TEST_F(RecoveryTest, AlsoAnUnmodifiedTextIsKeptBeforeAFileIsWrittenOverAndGoesWithTheNextTick) {
+  machine.files.AddFile(u"C:\\a.tmj", "text");
+  RunningEditor editor(machine);
+  editor.Open(machine, u"C:\\a.tmj");
+  editor.recovery.KeepNow(editor.documents[0]);
+  EXPECT_EQ(CountTexts(), 1u);
+  editor.recovery.Update();
+  EXPECT_EQ(CountTexts(), 0u);
+}
+
+TEST_F(RecoveryTest, KeepsNothingBeforeItHasStarted) {
+  machine.files.Fail(FileOperation::kCreateFolder, kFolder);
+  RunningEditor editor(machine);
+  editor.Type(u"one");
+  editor.recovery.KeepNow(editor.documents[0]);
+  EXPECT_EQ(machine.files.AllFiles().size(), 0u);
 }
 
 TEST_F(RecoveryTest, EditorsThatRunSideBySideDoNotTakeEachOthersTexts) {

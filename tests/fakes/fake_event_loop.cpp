@@ -1,14 +1,24 @@
 #include "tests/fakes/fake_event_loop.h"
 
+#include <algorithm>
+#include <limits>
 #include <stdexcept>
 #include <utility>
 #include <vector>
 
 namespace deck {
+namespace {
+
+// An interval may be as long as 32 bits allow.
+int After(int now, int interval) {
+  return now + std::min(interval, std::numeric_limits<int>::max() - now);
+}
+
+}  // namespace
 
 void FakeEventLoop::StartTimer(TimerId timer, int milliseconds) {
   timers_.erase(timer);
-  if (milliseconds > 0) timers_[timer] = {milliseconds, now + milliseconds};
+  if (milliseconds > 0) timers_[timer] = {milliseconds, After(now, milliseconds)};
 }
 
 void FakeEventLoop::StopTimer(TimerId timer) {
@@ -44,7 +54,7 @@ void FakeEventLoop::RunDueTimers() {
     // A tick may have stopped or restarted any timer, or pumped events itself.
     const auto found = timers_.find(id);
     if (found == timers_.end() || found->second.due > now) continue;
-    found->second.due = now + found->second.interval;
+    found->second.due = After(now, found->second.interval);
     if (onTimer) onTimer(id);
   }
 }

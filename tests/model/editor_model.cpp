@@ -215,7 +215,10 @@ EditorModel::Texts EditorModel::TextsToComeBack() {
   return texts;
 }
 
-void EditorModel::CheckCameBack(const Texts& lost) {
+void EditorModel::CheckCameBack(Texts lost) {
+  std::erase_if(lost, [this](const auto& text) {
+    return !text.first.empty() && IsOnDisk(text.first, text.second);
+  });
   const Texts back = TextsToComeBack();
   for (const auto& [path, text] : lost) {
     Require(std::ranges::find(back, std::pair(path, text)) != back.end(),

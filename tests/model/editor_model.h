@@ -45,8 +45,8 @@ class EditorModel {
   // What is lost when the program is killed now: nothing, when these come back. By path and text.
   using Texts = std::vector<std::pair<std::u16string, std::u16string>>;
   Texts TextsToComeBack();
-  // To be called after the next start.
-  void CheckCameBack(const Texts& lost);
+  // To be called after the next start. What reached its file after all need not come back.
+  void CheckCameBack(Texts lost);
 
   // What did not hold, in the order found.
   const std::vector<std::string>& Complaints() const { return complaints_; }

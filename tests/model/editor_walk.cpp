@@ -6,6 +6,8 @@
 #include <random>
 #include <utility>
 
+#include "app/command_table.h"
+#include "documents/file_kinds.h"
 #include "platform/strings.h"
 #include "tests/model/editor_model.h"
 #include "tests/model/program_world.h"
@@ -23,7 +25,7 @@ const std::vector<std::u16string> kNames = {u"a.tmj", u"b.tmj",   u"m.tmm",
 // One walk under way.
 class Walker {
  public:
-  Walker() {
+  Walker(WalkKind kind, CommandsDuringWaits* chosen) : kind_(kind), chosen_(chosen) {
     for (const char16_t* name : {u"Wren.exe", u"Wren.ini", u"HOTASCompiler.exe", u"Starter.exe"})
       machine_.files.AddFile(kHost + u"\\" + name, "");
     machine_.files.AddFolder(kHost + u"\\Temp");
@@ -36,7 +38,12 @@ class Walker {
 
   void Step(std::uint32_t number) {
     random_.seed(number);
-    DoStep();
+    if (kind_ == WalkKind::kWaits && !OneIn(4)) {
+      trail_.emplace_back("wait");
+      Wait();
+    } else {
+      DoStep();
+    }
     model_->Check(true);
     if (ended_ && Complaints().empty()) StartProgram();
   }
@@ -140,7 +147,10 @@ class Walker {
     ended_ = true;
   }
 
-  void Execute(CommandId command) { run_->editor.Execute(command); }
+  void Execute(CommandId command) {
+    if (depth_ > 0 && chosen_ != nullptr) ++(*chosen_)[command];
+    run_->editor.Execute(command);
+  }
 
   // ---- Steps.
 
@@ -243,11 +253,31 @@ class Walker {
     run_->editor.OnToolbarHovered(CommandId::kCompile);
   }
 
+  // Whatever the menus offer.
+  void AnyCommand() {
+    const auto row = static_cast<std::size_t>(Below(static_cast<int>(std::size(kCommands))));
+    const CommandId command = kCommands[row].id;
+    if (command == CommandId::kCompile || command == CommandId::kDownload) return Run(command);
+    model_->AllowEdit();
+    model_->AllowOpening();
+    Execute(command);
+  }
+
+  // Of the joystick file in front, when it is one: others are refused before anything waits.
+  void Wait() {
+    model_->AllowOpening();
+    for (int tries = 0; tries < 5 && !IsJoystickFile(Documents().Current().path); ++tries) {
+      run_->editor.OnFilesDropped({SomePath()});
+    }
+    model_->Check(true);
+    Run(OneIn(2) ? CommandId::kCompile : CommandId::kDownload);
+  }
   void Compile() { Run(CommandId::kCompile); }
   void Download() { Run(CommandId::kDownload); }
   void Run(CommandId command) {
     if (depth_ >= kDeepestWait) return;
-    for (int action = Below(3); action > 0; --action) {
+    const int most = kind_ == WalkKind::kWaits ? 8 : 3;
+    for (int action = Below(most); action > 0; --action) {
       run_->events.actions.emplace_back([this] { StepDuringWait(); });
     }
     if (!OneIn(4)) {
@@ -262,7 +292,12 @@ class Walker {
     if (ended_) return;
     model_->Check(false);
     ++depth_;
-    DoStep();
+    if (kind_ == WalkKind::kWaits && OneIn(2)) {
+      trail_.emplace_back(std::string(static_cast<std::size_t>(2 * depth_), ' ') + "any command");
+      AnyCommand();
+    } else {
+      DoStep();
+    }
     --depth_;
     model_->Check(false);
   }
@@ -308,6 +343,31 @@ class Walker {
     model_->CheckCameBack(lost);
   }
 
+  // What was typed long ago is kept by then; what was not is kept before the file is written over.
+  void KilledInASave() {
+    const std::u16string path = Documents().Current().path;
+    if (depth_ > 0 || path.empty()) return;
+    machine_.files.StopFailing();
+    run_->events.Advance(5000);
+    Type();
+    machine_.files.inPlace = OneIn(2);
+    if (!machine_.files.inPlace) run_->events.Advance(5000);
+    const auto lost = model_->TextsToComeBack();
+    machine_.files.killedWriting = path;
+    bool killed = false;
+    try {
+      Save();
+    } catch (const KilledInAWrite&) {
+      killed = true;
+    }
+    machine_.files.killedWriting.clear();
+    if (!killed) return;
+    StartProgram();
+    model_->CheckCameBack(lost);
+  }
+
+  WalkKind kind_;
+  CommandsDuringWaits* chosen_;
   Machine machine_;
   std::unique_ptr<ProgramRun> run_;
   std::unique_ptr<EditorModel> model_;
@@ -349,6 +409,7 @@ const std::vector<Walker::Choice> Walker::kChoices = {
     {"exit", &Walker::Exit, 1},
     {"shutdown called off", &Walker::ShutdownCalledOff, 1},
     {"killed", &Walker::Killed, 1},
+    {"killed in a save", &Walker::KilledInASave, 1},
 };
 
 }  // namespace
@@ -360,8 +421,8 @@ Walk MakeWalk(std::uint32_t seed, std::size_t steps) {
   return walk;
 }
 
-std::optional<WalkFailure> RunWalk(const Walk& walk) {
-  Walker walker;
+std::optional<WalkFailure> RunWalk(const Walk& walk, WalkKind kind, CommandsDuringWaits* chosen) {
+  Walker walker(kind, chosen);
   for (std::size_t step = 0; step < walk.size(); ++step) {
     walker.Step(walk[step]);
     if (!walker.Complaints().empty())
@@ -370,14 +431,14 @@ std::optional<WalkFailure> RunWalk(const Walk& walk) {
   return std::nullopt;
 }
 
-Walk Shrink(Walk walk) {
-  if (const auto failure = RunWalk(walk)) walk.resize(failure->step + 1);
+Walk Shrink(Walk walk, WalkKind kind) {
+  if (const auto failure = RunWalk(walk, kind)) walk.resize(failure->step + 1);
   for (std::size_t piece = walk.size() / 2; piece > 0; piece = piece > 1 ? piece / 2 : 0) {
     for (std::size_t start = 0; start < walk.size();) {
       Walk shorter = walk;
       const auto from = shorter.begin() + static_cast<std::ptrdiff_t>(start);
       shorter.erase(from, from + static_cast<std::ptrdiff_t>(std::min(piece, walk.size() - start)));
-      if (!shorter.empty() && RunWalk(shorter)) {
+      if (!shorter.empty() && RunWalk(shorter, kind)) {
         walk = std::move(shorter);
       } else {
         start += piece;

@@ -4,13 +4,25 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "platform/command_id.h"
+
 namespace deck {
 
 using Walk = std::vector<std::uint32_t>;
+
+enum class WalkKind {
+  kEverything,
+  // Compiles and downloads, one inside the other, with everything else chosen while they wait.
+  kWaits,
+};
+
+// How often each command was chosen while another one waited for the compiler.
+using CommandsDuringWaits = std::map<CommandId, int>;
 
 // What did not hold, after which step and what was done last; nothing when all went well.
 struct WalkFailure {
@@ -20,8 +32,9 @@ struct WalkFailure {
 };
 
 Walk MakeWalk(std::uint32_t seed, std::size_t steps);
-std::optional<WalkFailure> RunWalk(const Walk& walk);
+std::optional<WalkFailure> RunWalk(const Walk& walk, WalkKind kind = WalkKind::kEverything,
+                                   CommandsDuringWaits* chosen = nullptr);
 // A shorter walk that fails too: no step can be left out of it.
-Walk Shrink(Walk walk);
+Walk Shrink(Walk walk, WalkKind kind = WalkKind::kEverything);
 
 }  // namespace deck

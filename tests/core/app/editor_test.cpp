@@ -406,10 +406,14 @@ TEST_F(CommandTest, ClicksOnTabsSelectAndMiddleClicksClose) {
   editor.OnTabClicked(3);
   editor.OnTabClicked(0);
   EXPECT_EQ(view.selectedTab, 1);
+  editor.OnTabClicked(2);
+  EXPECT_EQ(view.selectedTab, 2);
   editor.OnTabMiddleClicked(2);
   EXPECT_EQ(view.Captions(), Captions{u"a.tmj"});
   editor.OnTabMiddleClicked(2);
   EXPECT_EQ(view.Captions(), Captions{u"a.tmj"});
+  editor.OnTabMiddleClicked(1);
+  EXPECT_EQ(view.Captions(), Captions{u"Untitled"});
 }
 
 TEST_F(CommandTest, CtrlTabGoesRoundTheTabs) {
@@ -714,6 +718,19 @@ TEST_F(MainJobTest, ClosingTheWindowDuringACompileEndsTheWaitInSilence) {
   editor.Execute(CommandId::kCompile);
   EXPECT_TRUE(prompts.shown.empty());
   EXPECT_EQ(programs.started.size(), 1u);
+}
+
+TEST_F(MainJobTest, AnErrorThatNobodySeesComeIsShownUntilTheProgramIsLookedAt) {
+  files.AddFile(u"C:\\a.tmj", "BTN S1 X\r\n");
+  Start();
+  Open(u"C:\\a.tmj");
+  editor.OnLookedAt(true);
+  events.actions.emplace_back([this] { editor.OnLookedAt(false); });
+  CompilerReports(u"ERROR", 0, 0, u"no such macro");
+  editor.Execute(CommandId::kCompile);
+  EXPECT_EQ(view.work, WorkState::kFailed);
+  editor.OnLookedAt(true);
+  EXPECT_EQ(view.work, WorkState::kNone);
 }
 
 TEST_F(MainJobTest, ACancelledCloseDuringACompileLetsTheWaitGoOn) {

@@ -1,7 +1,10 @@
 #include "platform/win32/message_loop.h"
 
+#include <atomic>
+#include <functional>
 #include <new>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -52,6 +55,7 @@ class MessageLoopTest : public testing::Test {
   }
 
   std::vector<int> commands_;
+  std::function<void()> onSent_;
   const WindowHandle window_{MakeWindow()};
   const HWND field_ = MakeField(window_.Get());
   const WindowHandle dialog_{MakeDialog(window_.Get())};
@@ -67,6 +71,7 @@ class MessageLoopTest : public testing::Test {
       test->commands_.push_back(LOWORD(wParam));
       return 0;
     }
+    if (test != nullptr && message == WM_USER && test->onSent_) test->onSent_();
     return DefWindowProcW(window, message, wParam, lParam);
   }
 };
@@ -151,6 +156,31 @@ TEST_F(MessageLoopTest, PumpsTimersWhileAnOrderToQuitWaits) {
   KillTimer(window_.Get(), 1);
   MSG quit{};
   EXPECT_TRUE(PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+}
+
+TEST_F(MessageLoopTest, SaysThatItWaitsToWhatArrivesBetweenTheMessagesOfRunOnly) {
+  std::vector<bool> waiting;
+  onSent_ = [&] {
+    waiting.push_back(loop_.IsWaiting());
+    if (waiting.size() == 1) PostMessageW(window_.Get(), WM_APP, 0, 0);
+  };
+  std::atomic<bool> inCommand = false;
+  loop_.AddFilter([&](MSG& message) {
+    if (message.message != WM_APP) return false;
+    inCommand = true;
+    while (waiting.size() < 2) loop_.Pump();
+    PostQuitMessage(0);
+    return true;
+  });
+  EXPECT_FALSE(loop_.IsWaiting());
+  std::thread other([&] {
+    SendMessageW(window_.Get(), WM_USER, 0, 0);
+    while (!inCommand) Sleep(1);
+    SendMessageW(window_.Get(), WM_USER, 0, 0);
+  });
+  loop_.Run();
+  other.join();
+  EXPECT_EQ(waiting, (std::vector<bool>{true, false}));
 }
 
 TEST_F(MessageLoopTest, WaitsBrieflyWhenNothingIsPending) {

@@ -1,5 +1,9 @@
+#include <string>
+#include <vector>
+
 #include <gtest/gtest.h>
 
+#include "platform/strings.h"
 #include "tests/contract/worlds.h"
 
 namespace deck {
@@ -27,6 +31,18 @@ TEST_F(FileDialogsContract, OpensOneFileByItsFullPath) {
 TEST_F(FileDialogsContract, OpensSeveralFilesByTheirFolderAndNames) {
   world_->WillChoose({u"a.tmj", u"b.tmj"});
   EXPECT_EQ(dialogs_.Open(Request()), world_->Folder() + u'\0' + u"a.tmj" + u'\0' + u"b.tmj");
+}
+
+TEST_F(FileDialogsContract, OpensHundredsOfFilesWithLongNamesAtOnce) {
+  std::vector<std::u16string> names;
+  std::u16string selection = world_->Folder();
+  for (int number = 100; number < 800; ++number) {
+    names.push_back(std::u16string(100, u'n') + Decimal(number) + u".tmj");
+    selection += u'\0' + names.back();
+  }
+  ASSERT_GT(selection.size(), 65536U);
+  world_->WillChoose(names);
+  EXPECT_EQ(dialogs_.Open(Request()), selection);
 }
 
 TEST_F(FileDialogsContract, GivesATypedNameBackThatNamesNoFile) {

@@ -15,7 +15,7 @@ namespace deck {
 namespace {
 
 constexpr DWORD kCommonFlags = OFN_EXPLORER | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-// Large from the start: Wine writes past the end of a buffer that is too small instead of saying so.
+// Large from the start: Wine writes past the end of one that is too small instead of saying so.
 constexpr std::size_t kUsualBuffer = std::size_t{512} * 1024;
 constexpr std::size_t kLargestBuffer = std::size_t{4} * 1024 * 1024;
 

@@ -472,6 +472,9 @@ TEST_F(KeyTestPresenterTest, EachOpeningRemembersItsOwnLayout) {
   keyboard.layoutName = u"00000407";
   presenter.Show();
   view.EnterBox();
+  EXPECT_EQ(keyboard.layoutName, u"00000407") << "not that of the opening before";
+  keyboard.layoutName = u"0000040C";
+  view.EnterBox();
   EXPECT_EQ(keyboard.layoutName, u"00000407");
 }
 

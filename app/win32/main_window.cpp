@@ -223,25 +223,28 @@ void MainWindow::Arrange() {
                                     .dpi = dpi_});
   HDWP moves = BeginDeferWindowPos(3);
   moves = Move(moves, toolbar_->Handle(), {0, 0, client.right, toolbar_->Height()});
+  const bool macrosWereSeen = IsWindowVisible(macroPanel_->Handle()) != FALSE;
   moves = ArrangeMacroPanel(moves);
   moves = Move(moves, tabs_->Handle(), layout_.tabStrip);
   EndDeferWindowPos(moves);
   editBoxes_.place = ToRect(layout_.editBox);
   for (RichEditBox* box : editBoxes_.boxes) box->Place(editBoxes_.place);
+  if (!macrosWereSeen) {
+    RedrawWindow(macroPanel_->Handle(), nullptr, nullptr,
+                 RDW_ERASE | RDW_FRAME | RDW_INVALIDATE | RDW_ALLCHILDREN);
+  }
 }
 
 // A panel that goes keeps its size, and one that comes takes it before it is seen: its lists change
-// their scroll bars with their size, and in view they would paint them each time.
+// their scroll bars with their size, and in view they would paint them each time. It is painted
+// with the next messages.
 HDWP MainWindow::ArrangeMacroPanel(HDWP moves) const {
   const HWND panel = macroPanel_->Handle();
-  if (layout_.macroFrame.width == 0) {
-    return Move(moves, panel, {}, SWP_NOMOVE | SWP_NOSIZE | SWP_HIDEWINDOW);
-  }
-  if (!IsWindowVisible(panel)) {
-    const Rectangle& place = layout_.macroFrame;
-    MoveWindow(panel, place.left, place.top, place.width, place.height, FALSE);
-  }
-  return Move(moves, panel, layout_.macroFrame, SWP_SHOWWINDOW);
+  const Rectangle& place = layout_.macroFrame;
+  if (place.width == 0) return Move(moves, panel, {}, SWP_NOMOVE | SWP_NOSIZE | SWP_HIDEWINDOW);
+  if (IsWindowVisible(panel)) return Move(moves, panel, place);
+  MoveWindow(panel, place.left, place.top, place.width, place.height, FALSE);
+  return Move(moves, panel, place, SWP_SHOWWINDOW | SWP_NOREDRAW);
 }
 
 }  // namespace deck

@@ -13,6 +13,7 @@
 #include "platform/win32/accessible_name.h"
 #include "platform/win32/paint_pause.h"
 #include "platform/win32/subclass.h"
+#include "platform/win32/wine.h"
 
 namespace deck {
 namespace {
@@ -36,11 +37,17 @@ void Raise(const std::function<void()>& event) {
   if (event) event();
 }
 
-RECT PlaceIn(HWND parent, HWND window) {
-  RECT place{};
-  GetWindowRect(window, &place);
-  MapWindowPoints(nullptr, parent, reinterpret_cast<POINT*>(&place), 2);
-  return place;
+// Wine lays all lines of a control out anew for another width. That costs as much as filling a new
+// control (docs/rich_edit.md), but leaves the heap in pieces, and after a few times it costs
+// several times as much.
+constexpr int kMostLinesLaidOutAgain = 500;
+
+int LineBreaks(const std::u16string& text) {
+  return static_cast<int>(std::ranges::count(text, u'\n'));
+}
+
+LONG WidthOf(const RECT& place) {
+  return place.right - place.left;
 }
 
 }  // namespace
@@ -198,14 +205,7 @@ void RichEditBox::SetDpi(int dpi) {
 void RichEditBox::RefreshFont() {
   FontHandle font = settings_.fonts.Make(dpi_);
   std::swap(font, font_);
-  if (control_ == nullptr) return;
-  TakeOverWhatWasMissed();
-  const ScopeValue<bool> updating(updating_, true);
-  const TextSpan selection = Selection();
-  const ControlView view = ViewOf(control_);
-  Rebuild();
-  SelectInControl(control_, selection);
-  ShowView(control_, view);
+  if (control_ != nullptr) Renew(PlaceInParent());
 }
 
 void RichEditBox::Attach(HWND control) {
@@ -222,10 +222,10 @@ void RichEditBox::Attach(HWND control) {
 // A new control with the present text in the place of the old one. The focus goes straight from one
 // to the other, so that the parent has no part in it, and the old one ends before the new one is
 // filled, which keeps the memory of both together.
-void RichEditBox::Rebuild() {
+void RichEditBox::Rebuild(const RECT& place) {
   const ScopeValue<bool> rebuilding(rebuilding_, true);
   const HWND old = control_;
-  const HWND fresh = CreateRichEdit(parent_, controlId_, PlaceIn(parent_, old), font_.Get());
+  const HWND fresh = CreateRichEdit(parent_, controlId_, place, font_.Get());
   if (fresh != nullptr) {
     Attach(fresh);
     if (GetFocus() == old) SetFocus(fresh);
@@ -235,10 +235,27 @@ void RichEditBox::Rebuild() {
   if (visible_) ShowWindow(control_, SW_SHOWNA);
 }
 
+// A new control that shows what the old one did, at `place`.
+void RichEditBox::Renew(const RECT& place) {
+  TakeOverWhatWasMissed();
+  const ScopeValue<bool> updating(updating_, true);
+  const TextSpan selection = Selection();
+  const ControlView view = ViewOf(control_);
+  Rebuild(place);
+  SelectInControl(control_, selection);
+  ShowView(control_, view);
+}
+
 void RichEditBox::Fill() {
-  const std::u16string& text = text_.text();
-  PrepareForLines(control_, static_cast<int>(std::ranges::count(text, u'\n')));
-  StreamIntoControl(control_, text);
+  PrepareForLines(control_, LineBreaks(text_.text()));
+  StreamIntoControl(control_, text_.text());
+}
+
+RECT RichEditBox::PlaceInParent() const {
+  RECT place{};
+  GetWindowRect(control_, &place);
+  MapWindowPoints(nullptr, parent_, reinterpret_cast<POINT*>(&place), 2);
+  return place;
 }
 
 // The system's control lays all its lines out anew when its width changes, even with the same lines
@@ -246,17 +263,25 @@ void RichEditBox::Fill() {
 void RichEditBox::MoveToPlace() {
   if (control_ == nullptr || !place_) return;
   const RECT place = *std::exchange(place_, std::nullopt);
-  const RECT present = PlaceIn(parent_, control_);
-  if (!EqualRect(&place, &present)) SetPosition(place, 0);
+  const RECT present = PlaceInParent();
+  if (EqualRect(&place, &present)) return;
+  if (RunsUnderWine() && WidthOf(place) != WidthOf(present) &&
+      LineBreaks(text_.text()) > kMostLinesLaidOutAgain) {
+    Renew(place);
+    return;
+  }
+  // The control would paint itself as soon as its lines are laid out, and then once more.
+  const PaintPause pause(control_);
+  SetPosition(place, 0);
 }
 
 // What this uncovers, frames and scroll bars included, is painted with the next messages and not at
 // once and one after the other: that took longer than loading a short file.
 void RichEditBox::SetPosition(const RECT& place, UINT flags) {
-  const RECT before = PlaceIn(parent_, control_);
+  const RECT before = PlaceInParent();
   SetWindowPos(control_, nullptr, place.left, place.top, place.right - place.left,
                place.bottom - place.top, flags | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
-  const RECT after = PlaceIn(parent_, control_);
+  const RECT after = PlaceInParent();
   RECT changed{};
   UnionRect(&changed, &before, &after);
   if (visible_ || (flags & SWP_HIDEWINDOW) != 0) {

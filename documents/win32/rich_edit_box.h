@@ -93,7 +93,10 @@ class RichEditBox final : public EditBox {
   void Attach(HWND control);
   void MoveToPlace();
   void SetPosition(const RECT& place, UINT flags);
-  void Rebuild();
+  void Rebuild() { Rebuild(PlaceInParent()); }
+  void Rebuild(const RECT& place);
+  void Renew(const RECT& place);
+  RECT PlaceInParent() const;
   void Fill();
   void CarryOut(const std::vector<TextEdit>& edits);
   void CarryOutInPlace(const TextEdit& edit);

@@ -13,6 +13,7 @@
 #include "platform/text_edits.h"
 #include "platform/text_search.h"
 #include "platform/win32/wide_text.h"
+#include "platform/win32/wine.h"
 #include "tests/contract/edit_box/real_edit_box_driver.h"
 
 namespace deck {
@@ -496,6 +497,35 @@ TEST_F(RichEditBoxTest, AMessageWithoutMovementIsNone) {
   driver_.Send(WM_MOUSEMOVE, 0, MAKELPARAM(40, 40));
   driver_.Send(WM_MOUSEMOVE, 0, MAKELPARAM(40, 40));
   EXPECT_EQ(events().mouseMoved, 1);
+}
+
+TEST_F(RichEditBoxTest, AnotherWidthLeavesALongTextAsItWas) {
+  const std::u16string text = NumberedLines(1'000);
+  box().Load(text);
+  box().Select({box().StartOfLine(500), 4});
+  box().ReplaceSelection(u"word");
+  box().Select({box().StartOfLine(500), 4});
+  const std::u16string top = TopLine();
+  events() = {};
+  const HWND before = control();
+  for (const LONG width : {300, 420, 300, 420}) {
+    box().Place({10, 20, 10 + width, 220});
+    RECT place{};
+    GetWindowRect(control(), &place);
+    EXPECT_EQ(place.right - place.left, width);
+    EXPECT_EQ(place.bottom - place.top, 200);
+    EXPECT_EQ(box().Selection(), (TextSpan{box().StartOfLine(500), 4}));
+    EXPECT_TRUE(IsWindowVisible(control()));
+    EXPECT_EQ(GetFocus(), control());
+    EXPECT_EQ(TopLine(), top);
+  }
+  EXPECT_EQ(events().changed, 0);
+  EXPECT_NE(box().Text(), text);
+  box().Undo();
+  EXPECT_EQ(box().Text(), text);
+  if (RunsUnderWine()) {
+    EXPECT_NE(control(), before) << "the lines are laid out again, which gets slower each time";
+  }
 }
 
 // A scroll bar that comes with the text would make the control narrower, and all lines would be

@@ -42,11 +42,11 @@ void QuickHelp::Minimise() {
 }
 
 void QuickHelp::OnHoverOk() {
-  status_.Hint(u"Press the OK button when you're done.");
+  status_.Say(u"Press the OK button when you're done.");
 }
 
 void QuickHelp::OnHoverText() {
-  status_.Hint(u"Some online help for you to peruse!");
+  status_.Say(u"Some online help for you to peruse!");
 }
 
 InfoWindowPlace QuickHelp::PositionInfoWindow(std::pair<float, float> screen) const {

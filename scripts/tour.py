@@ -1,9 +1,10 @@
 #!/usr/bin/env python3
 """Takes pictures of the editor's windows; run by scripts/tour.sh inside scripts/wine_env.sh.
 
-    tour.py DIRECTORY DPI windows|first-start
+    tour.py DIRECTORY DPI windows|dark|first-start
 """
 
+import contextlib
 import shutil
 import subprocess
 import sys
@@ -19,19 +20,62 @@ from harness import wait_for  # pylint: disable=wrong-import-position
 
 APP = ROOT / "out" / "WrenDeck"
 DESKTOP_KEY = r"HKCU\Control Panel\Desktop"
+COLOURS_KEY = r"HKEY_CURRENT_USER\Control Panel\Colors"
+THEME_KEY = r"HKEY_CURRENT_USER\Software\Microsoft\Windows\CurrentVersion\ThemeManager"
+# What somebody chooses who wants no bright screen.
+DARK = {
+    "Window": "20 20 20", "WindowText": "230 230 230", "WindowFrame": "100 100 100",
+    "ButtonFace": "45 45 45", "ButtonText": "230 230 230", "ButtonHilight": "80 80 80",
+    "ButtonLight": "60 60 60", "ButtonShadow": "25 25 25", "ButtonDkShadow": "0 0 0",
+    "ButtonAlternateFace": "50 50 50", "GrayText": "120 120 120", "Menu": "40 40 40",
+    "MenuBar": "40 40 40", "MenuText": "230 230 230", "MenuHilight": "0 90 160",
+    "Hilight": "0 90 160", "HilightText": "255 255 255", "InfoWindow": "60 60 40",
+    "InfoText": "230 230 230", "Scrollbar": "60 60 60", "AppWorkSpace": "30 30 30",
+}
 MAIN_SIZE = 1000, 720  # of the main window, pixels at 100 %
 TWIPS_PER_PIXEL = 15
 # Long enough for a window to have painted itself and for a pointer to rest.
 SETTLED = 0.7
 
 
-def set_dpi(dpi):
-    """For programs started from now on; the system reads it when its first window is made."""
-    subprocess.run(["wine", "reg", "add", DESKTOP_KEY, "/v", "LogPixels", "/t", "REG_DWORD", "/d",
-                    str(dpi), "/f"], check=True, stdout=subprocess.DEVNULL,
+def registry(*words):
+    subprocess.run(["wine", "reg", *words], check=True, stdout=subprocess.DEVNULL,
                    stderr=subprocess.DEVNULL)
+
+
+def begin_anew():
+    """Some settings are read when the system's first window is made."""
     for word in ("-k", "-w", "-p"):
         subprocess.run(["wineserver", word], check=False)
+
+
+def set_dpi(dpi):
+    """For programs started from now on."""
+    registry("add", DESKTOP_KEY, "/v", "LogPixels", "/t", "REG_DWORD", "/d", str(dpi), "/f")
+    begin_anew()
+
+
+@contextlib.contextmanager
+def dark_colours(folder):
+    """For programs started while it lasts. Without a theme, which would bring its own colours."""
+    kept = []
+    for number, key in enumerate((COLOURS_KEY, THEME_KEY)):
+        kept.append(harness.windows_path(folder / f"before-{number}.reg"))
+        registry("export", key, kept[-1], "/y")
+    lines = ["REGEDIT4", "", f"[{COLOURS_KEY}]",
+             *[f'"{name}"="{colour}"' for name, colour in DARK.items()],
+             "", f"[{THEME_KEY}]", '"ThemeActive"="0"', ""]
+    (folder / "dark.reg").write_text("\r\n".join(lines), "ascii")
+    try:
+        registry("import", harness.windows_path(folder / "dark.reg"))
+        begin_anew()
+        yield
+    finally:
+        for file in kept:
+            registry("import", file)
+        for file in folder.glob("*.reg"):
+            file.unlink()
+        begin_anew()
 
 
 class Tour:
@@ -186,12 +230,13 @@ def main():
     folder, dpi, what = (ROOT / sys.argv[1]).resolve(), int(sys.argv[2]), sys.argv[3]
     folder.mkdir(parents=True, exist_ok=True)
     set_dpi(dpi)
-    with tempfile.TemporaryDirectory(dir=ROOT / "build") as scratch:
+    colours = dark_colours(folder) if what == "dark" else contextlib.nullcontext()
+    with tempfile.TemporaryDirectory(dir=ROOT / "build") as scratch, colours:
         app = Path(scratch) / "WrenDeck"
         shutil.copytree(APP, app)
         tour = Tour(folder, dpi, app)
         try:
-            {"windows": tour.windows, "first-start": tour.first_start}[what]()
+            (tour.first_start if what == "first-start" else tour.windows)()
         except BaseException:
             harness.screenshot(folder / "failure.png")
             raise

@@ -25,6 +25,8 @@ HBRUSH TabBackground::BrushFor(HWND tabs, HWND control, HDC context) {
   MapWindowPoints(tabs, control, &corner, 1);
   SetBrushOrgEx(context, corner.x, corner.y, nullptr);
   SetBkMode(context, TRANSPARENT);
+  // Who gives the ground gives the colour on it, which would be black in every scheme.
+  SetTextColor(context, GetSysColor(COLOR_BTNTEXT));
   return brush_.Get();
 }
 

@@ -47,6 +47,18 @@ DWORD CALLBACK ReadPage(DWORD_PTR cookie, BYTE* buffer, LONG size, LONG* read) {
   return 0;
 }
 
+// By itself the control draws pages for the resolution of the first screen, whatever screen the
+// window is on.
+void ZoomPage(HWND text, int dpi) {
+  const HDC screen = GetDC(nullptr);
+  const int usual = GetDeviceCaps(screen, LOGPIXELSY);
+  ReleaseDC(nullptr, screen);
+  // The control takes no number above 64. Sixteenths hit every resolution that the system offers.
+  constexpr int kParts = 16;
+  const int zoom = std::clamp(MulDiv(dpi, kParts, usual), 1, 64);
+  SendMessageW(text, EM_SETZOOM, static_cast<WPARAM>(zoom), kParts);
+}
+
 // `point` as WM_MOUSEMOVE of the control tells it.
 void ReportPointer(HWND control, LPARAM point, const std::function<void()>& over) {
   if (HasPointerMoved(control, point) && over) over();
@@ -59,11 +71,13 @@ void InfoWindow::Load(const InfoWindowPlace& place) {
                        .procedure = Procedure,
                        .icon = ProgramIcon(),
                        .background = WindowGround()});
-  const int dpi = DpiOf(owner_);
-  const auto pixels = [dpi](int twips) { return PixelsFromTwips(static_cast<float>(twips), dpi); };
+  dpi_ = DpiOf(owner_);
+  const auto pixels = [this](int twips) {
+    return PixelsFromTwips(static_cast<float>(twips), dpi_);
+  };
   const Rectangle wanted{pixels(place.left), pixels(place.top),
-                         std::max(pixels(place.width), ScaleToDpi(kSmallestWidth, dpi)),
-                         std::max(pixels(place.height), ScaleToDpi(kSmallestHeight, dpi))};
+                         std::max(pixels(place.width), ScaleToDpi(kSmallestWidth, dpi_)),
+                         std::max(pixels(place.height), ScaleToDpi(kSmallestHeight, dpi_))};
   const Rectangle at = MovedInto(wanted, WorkAreaAt(wanted));
   window_ = CreateWindowExW(WS_EX_CONTROLPARENT, kClassName, L"Deck Quick Help",
                             WS_OVERLAPPEDWINDOW | WS_CLIPCHILDREN, at.left, at.top, at.width,
@@ -88,8 +102,7 @@ void InfoWindow::ShowPage(std::string_view rtf) {
 
 InfoWindowPlace InfoWindow::Place() const {
   const Rectangle normal = NormalPlaceOf(window_);
-  const int dpi = DpiOf(window_);
-  const auto twips = [dpi](int length) { return static_cast<int>(TwipsFromPixels(length, dpi)); };
+  const auto twips = [this](int length) { return static_cast<int>(TwipsFromPixels(length, dpi_)); };
   return {.top = twips(normal.top),
           .left = twips(normal.left),
           .height = twips(normal.height),
@@ -112,6 +125,8 @@ void InfoWindow::CreateControls() {
                         window_, ControlId::kInfoText);
   Subclass<&InfoWindow::OnTextMessage>(text_, this);
   SetAccessibleName(text_, L"Help page");
+  // Pages bring colours of their own, which are made for paper.
+  SendMessageW(text_, EM_SETBKGNDCOLOR, FALSE, static_cast<LPARAM>(RGB(255, 255, 255)));
   SendMessageW(text_, EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
   ok_ = CreateControl(WC_BUTTONW, L"OK", BS_DEFPUSHBUTTON, window_, ControlId::kInfoCommand1);
   Subclass<&InfoWindow::OnOkMessage>(ok_, this);
@@ -119,47 +134,50 @@ void InfoWindow::CreateControls() {
 }
 
 void InfoWindow::SetFont() {
-  font_ = MakeFont(MessageFont(DpiOf(window_)));
-  SendMessageW(ok_, WM_SETFONT, reinterpret_cast<WPARAM>(font_.Get()), TRUE);
+  FontHandle font = MakeFont(MessageFont(dpi_));
+  SendMessageW(ok_, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
+  // Only now is the old one out of use.
+  font_ = std::move(font);
+  ZoomPage(text_, dpi_);
 }
 
 void InfoWindow::LayOut() {
   RECT client{};
   GetClientRect(window_, &client);
-  const int dpi = DpiOf(window_);
-  const InfoWindowLayout layout = LayOutInfoWindow(client.right, client.bottom, dpi);
+  const InfoWindowLayout layout = LayOutInfoWindow(client.right, client.bottom, dpi_);
   const auto move = [](HWND control, const Rectangle& place) {
     MoveWindow(control, place.left, place.top, place.width, place.height, TRUE);
   };
   move(text_, layout.text);
   move(ok_, layout.ok);
-  const int margin = ScaleToDpi(kPageMargin, dpi);
+  const int margin = ScaleToDpi(kPageMargin, dpi_);
   RECT page{margin, margin, layout.text.width - margin, layout.text.height};
   SendMessageW(text_, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&page));
 }
 
-void InfoWindow::OnDpiChanged(const RECT& suggested) {
+void InfoWindow::OnDpiChanged(int dpi, const RECT& suggested) {
+  dpi_ = dpi;
   SetFont();
   SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
                suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  LayOut();  // the size may be the same as before
 }
 
 LRESULT InfoWindow::Handle(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_CREATE:
+      dpi_ = DpiOf(window_);
       CreateControls();
       return 0;
     case WM_SIZE:
       if (wParam != SIZE_MINIMIZED) LayOut();
       return 0;
-    case WM_GETMINMAXINFO: {
-      const int dpi = DpiOf(owner_);
-      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {ScaleToDpi(kSmallestWidth, dpi),
-                                                               ScaleToDpi(kSmallestHeight, dpi)};
+    case WM_GETMINMAXINFO:
+      reinterpret_cast<MINMAXINFO*>(lParam)->ptMinTrackSize = {ScaleToDpi(kSmallestWidth, dpi_),
+                                                               ScaleToDpi(kSmallestHeight, dpi_)};
       return 0;
-    }
     case WM_DPICHANGED:
-      OnDpiChanged(*reinterpret_cast<const RECT*>(lParam));
+      OnDpiChanged(HIWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
       return 0;
     case WM_ACTIVATE:
       if (LOWORD(wParam) != WA_INACTIVE) SetFocus(text_);

@@ -48,7 +48,7 @@ class InfoWindow : public InfoWindowView {
   void CreateControls();
   void SetFont();
   void LayOut();
-  void OnDpiChanged(const RECT& suggested);
+  void OnDpiChanged(int dpi, const RECT& suggested);
 
   HWND owner_;
   MessageLoop& loop_;
@@ -56,6 +56,7 @@ class InfoWindow : public InfoWindowView {
   HWND text_ = nullptr;
   HWND ok_ = nullptr;
   FontHandle font_;
+  int dpi_ = 96;
 };
 
 }  // namespace deck

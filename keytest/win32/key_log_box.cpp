@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/twips.h"
 #include "platform/win32/accessible_name.h"
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/wide_text.h"
@@ -13,8 +14,9 @@
 namespace deck {
 namespace {
 
-constexpr int kTextMargin = 4;   // pixels left of the text
-constexpr int kScrollStep = 20;  // pixels, sideways
+// Pixels at 96 dpi.
+constexpr int kTextMargin = 4;   // left of the text
+constexpr int kScrollStep = 20;  // sideways
 constexpr int kWheelLinesUsual = 3;
 
 RECT ClientOf(HWND window) {
@@ -70,6 +72,16 @@ void Fill(HDC context, const RECT& area, int systemColour) {
   }
 }
 
+int Brightness(COLORREF colour) {
+  return 2 * GetRValue(colour) + 5 * GetGValue(colour) + GetBValue(colour);
+}
+
+// The colours are for a bright ground; on a dark one they need some of the text's own brightness.
+COLORREF Between(COLORREF one, COLORREF other) {
+  return RGB((GetRValue(one) + GetRValue(other)) / 2, (GetGValue(one) + GetGValue(other)) / 2,
+             (GetBValue(one) + GetBValue(other)) / 2);
+}
+
 template <class... Arguments>
 void Report(const std::function<void(Arguments...)>& event, Arguments... arguments) {
   if (event) event(arguments...);
@@ -88,8 +100,9 @@ void KeyLogBox::Create(HWND parent, int id, const wchar_t* name) {
   SetAccessibleName(window_, name);
 }
 
-void KeyLogBox::SetFont(HFONT font) {
+void KeyLogBox::SetFont(HFONT font, int dpi) {
   font_ = font;
+  dpi_ = dpi;
   const HDC context = GetDC(window_);
   const HGDIOBJ previous = SelectObject(context, font);
   TEXTMETRICW metrics{};
@@ -268,7 +281,10 @@ void KeyLogBox::PaintLines(HDC context, const RECT& client) {
 }
 
 COLORREF KeyLogBox::TextColour() const {
-  return textColour_ == kSystemColour ? GetSysColor(COLOR_WINDOWTEXT) : textColour_;
+  const COLORREF usual = GetSysColor(COLOR_WINDOWTEXT);
+  if (textColour_ == kSystemColour) return usual;
+  const bool isDark = Brightness(usual) > Brightness(GetSysColor(COLOR_WINDOW));
+  return isDark ? Between(textColour_, usual) : textColour_;
 }
 
 void KeyLogBox::PaintLine(HDC context, int line, const RECT& row) {
@@ -277,12 +293,12 @@ void KeyLogBox::PaintLine(HDC context, int line, const RECT& row) {
   const int length = static_cast<int>(text.size());
   SIZE size{};
   GetTextExtentPoint32W(context, characters, length, &size);
-  widest_ = std::max<int>(widest_, size.cx + 2 * kTextMargin);
+  widest_ = std::max<int>(widest_, size.cx + 2 * ScaleToDpi(kTextMargin, dpi_));
   const bool selected = IsSelected(line);
   SetTextColor(context, selected ? GetSysColor(COLOR_HIGHLIGHTTEXT) : TextColour());
   SetBkColor(context, GetSysColor(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
-  ExtTextOutW(context, kTextMargin - left_, row.top, ETO_OPAQUE | ETO_CLIPPED, &row, characters,
-              static_cast<UINT>(length), nullptr);
+  ExtTextOutW(context, ScaleToDpi(kTextMargin, dpi_) - left_, row.top, ETO_OPAQUE | ETO_CLIPPED,
+              &row, characters, static_cast<UINT>(length), nullptr);
 }
 
 // ---- Scrolling.
@@ -319,10 +335,10 @@ void KeyLogBox::OnHorizontalScroll(int request) {
   const int page = ClientOf(window_).right;
   switch (request) {
     case SB_LINELEFT:
-      left_ -= kScrollStep;
+      left_ -= ScaleToDpi(kScrollStep, dpi_);
       break;
     case SB_LINERIGHT:
-      left_ += kScrollStep;
+      left_ += ScaleToDpi(kScrollStep, dpi_);
       break;
     case SB_PAGELEFT:
       left_ -= page;

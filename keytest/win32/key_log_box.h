@@ -49,7 +49,7 @@ class KeyLogBox {
   void Create(HWND parent, int id, const wchar_t* name);
   HWND Handle() const { return window_; }
   // The font must live as long as the window does or until the next call.
-  void SetFont(HFONT font);
+  void SetFont(HFONT font, int dpi);
 
   void Append(std::u16string_view line);
   void Clear();
@@ -90,6 +90,7 @@ class KeyLogBox {
   HWND window_ = nullptr;
   HFONT font_ = nullptr;
   int rowHeight_ = 1;  // pixels
+  int dpi_ = 96;
   KeyLog log_;
   std::optional<Selection> selection_;
   int top_ = 0;             // the first line that shows, from 0

@@ -189,8 +189,8 @@ void KeyTestForm::SetFonts() {
   for (const HWND label : labels_) {
     SendMessageW(label, WM_SETFONT, reinterpret_cast<WPARAM>(labelFont.Get()), TRUE);
   }
-  eventsBox_.SetFont(boxFont.Get());
-  namesBox_.SetFont(boxFont.Get());
+  eventsBox_.SetFont(boxFont.Get(), dpi_);
+  namesBox_.SetFont(boxFont.Get(), dpi_);
   // Only now are the old ones out of use.
   labelFont_ = std::move(labelFont);
   boxFont_ = std::move(boxFont);

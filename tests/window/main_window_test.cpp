@@ -6,9 +6,11 @@
 #include <array>
 #include <cstring>
 #include <functional>
+#include <map>
 #include <new>
 #include <regex>
 #include <string>
+#include <utility>
 
 #include "documents/win32/rich_edit_box.h"
 #include "platform/strings.h"
@@ -295,6 +297,81 @@ TEST_F(MainWindowTest, EdgeIsReportedInPixelsOfTheBaseResolution) {
   Mouse(Frame(), WM_MOUSEMOVE, {edge + 100, 100}, MK_LBUTTON);
   Mouse(Frame(), WM_LBUTTONUP, {edge + 100, 100});
   EXPECT_TRUE(Happened("splitter 250"));
+}
+
+// ---- Painting.
+
+// Counts what the windows of this thread are told to paint, for as long as it lives.
+class PaintCounter {
+ public:
+  PaintCounter()
+      : sent_(SetWindowsHookExW(WH_CALLWNDPROC, OnSent, nullptr, GetCurrentThreadId())),
+        fetched_(SetWindowsHookExW(WH_GETMESSAGE, OnFetched, nullptr, GetCurrentThreadId())) {
+    counts.clear();
+  }
+  ~PaintCounter() {
+    UnhookWindowsHookEx(sent_);
+    UnhookWindowsHookEx(fetched_);
+  }
+  PaintCounter(const PaintCounter&) = delete;
+  PaintCounter& operator=(const PaintCounter&) = delete;
+
+  static int Paints(HWND window) { return counts[{window, WM_PAINT}]; }
+
+ private:
+  static LRESULT CALLBACK OnSent(int code, WPARAM wParam, LPARAM lParam) {
+    const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(lParam);
+    if (code == HC_ACTION) ++counts[{sent.hwnd, sent.message}];
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+  }
+  static LRESULT CALLBACK OnFetched(int code, WPARAM wParam, LPARAM lParam) {
+    const auto& fetched = *reinterpret_cast<const MSG*>(lParam);
+    if (code == HC_ACTION && wParam == PM_REMOVE) ++counts[{fetched.hwnd, fetched.message}];
+    return CallNextHookEx(nullptr, code, wParam, lParam);
+  }
+
+  inline static std::map<std::pair<HWND, UINT>, int> counts;
+  HHOOK sent_;
+  HHOOK fetched_;
+};
+
+TEST_F(MainWindowTest, EverySizePaintsEachPartOnce) {
+  const auto box = window.CreateEditBox({});
+  box->Load(u"one\ntwo\nthree");
+  box->SetVisible(true);
+  ShowWindowed();
+  window.PositionControls(300);
+  loop.Pump();
+  const HWND text = Control(ControlId::kText1);
+  for (const auto& [width, height] : {std::pair{940, 640}, {760, 520}, {1000, 700}}) {
+    const PaintCounter counter;
+    Resize(width, height);
+    loop.Pump();
+    for (const HWND part : {text, Tabs(), Status(), Control(ControlId::kToolbar1), Frame(),
+                            Headings(), Macros(), Handle()}) {
+      std::array<wchar_t, 100> name{};
+      GetClassNameW(part, name.data(), static_cast<int>(name.size()));
+      EXPECT_LE(PaintCounter::Paints(part), 1) << Narrow(FromWide(name.data())) << ' ' << width;
+    }
+    EXPECT_EQ(PaintCounter::Paints(text), 1) << width;
+  }
+}
+
+TEST_F(MainWindowTest, GroundAndTabStripPaintAroundTheText) {
+  const auto box = window.CreateEditBox({});
+  box->Load(u"one\ntwo\nthree");
+  box->SetVisible(true);
+  ShowWindowed();
+  const HWND text = Control(ControlId::kText1);
+  UpdateWindow(text);
+  const std::vector<COLORREF> before = Pixels(text);
+  const PaintCounter counter;
+  for (const HWND behind : {Handle(), Tabs()}) {
+    RedrawWindow(behind, nullptr, nullptr,
+                 RDW_ERASE | RDW_INVALIDATE | RDW_NOCHILDREN | RDW_UPDATENOW);
+    EXPECT_EQ(Pixels(text), before);
+  }
+  EXPECT_EQ(PaintCounter::Paints(text), 0);
 }
 
 // ---- Place.

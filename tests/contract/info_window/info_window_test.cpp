@@ -14,6 +14,7 @@
 #include "platform/strings.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/wide_text.h"
+#include "tests/window/dark_colours.h"
 
 namespace deck {
 namespace {
@@ -140,6 +141,19 @@ TEST_F(InfoWindowTest, TextIsReadOnlyAndBeginsAtItsTop) {
   EXPECT_EQ(SendMessageW(Text(), EM_GETFIRSTVISIBLELINE, 0, 0), 0);
 }
 
+TEST_F(InfoWindowTest, PageIsPaperWhateverTheColoursOfTheSystem) {
+  window.Unload();
+  const DarkColours dark;
+  window.Load(kPlace);
+  window.Show();
+  loop.Pump();
+  UpdateWindow(Text());
+  const HDC context = GetDC(Text());
+  const COLORREF ground = GetPixel(context, 30, 30);
+  ReleaseDC(Text(), context);
+  EXPECT_EQ(ground, RGB(255, 255, 255));
+}
+
 TEST_F(InfoWindowTest, PlaceOutsideEveryScreenIsMovedOntoOne) {
   window.Unload();
   window.Load({.top = 900'000, .left = 900'000, .height = 6000, .width = 7500});
@@ -160,14 +174,43 @@ TEST_F(InfoWindowTest, CannotBeMadeSmallerThanTheButtonNeeds) {
   EXPECT_GT(PlaceOf(Text()).height, 0);
 }
 
-TEST_F(InfoWindowTest, NewResolutionScalesTheControls) {
+TEST_F(InfoWindowTest, NewResolutionScalesControlsFontsAndThePage) {
+  window.ShowPage(R"({\rtf1{\fonttbl{\f0\fswiss Tahoma;}}\f0\fs24 one\par two\par three\par})");
+  const auto lineHeight = [this] {
+    POINTL first{};
+    POINTL second{};
+    SendMessageW(Text(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&first), 0);
+    SendMessageW(Text(), EM_POSFROMCHAR, reinterpret_cast<WPARAM>(&second), 4);
+    return second.y - first.y;
+  };
+  const auto pageMargin = [this] {
+    RECT page{};
+    SendMessageW(Text(), EM_GETRECT, 0, reinterpret_cast<LPARAM>(&page));
+    return page.left;
+  };
+  const auto fontHeight = [this] {
+    LOGFONTW font{};
+    GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(Ok(), WM_GETFONT, 0, 0)), sizeof font, &font);
+    return font.lfHeight;
+  };
   const Rectangle before = PlaceOf(Ok());
+  const LONG lineBefore = lineHeight();
+  const LONG marginBefore = pageMargin();
+  const LONG fontBefore = fontHeight();
   RECT suggested{200, 100, 1000, 800};
   SendMessageW(window.Handle(), 0x02E0, MAKEWPARAM(192, 192), reinterpret_cast<LPARAM>(&suggested));
   RECT rect{};
   GetWindowRect(window.Handle(), &rect);
   EXPECT_EQ(rect.right - rect.left, 800);
-  EXPECT_GE(PlaceOf(Ok()).width, before.width);
+  EXPECT_EQ(PlaceOf(Ok()).width, 2 * before.width);
+  EXPECT_EQ(PlaceOf(Ok()).height, 2 * before.height);
+  EXPECT_NEAR(lineHeight(), 2 * lineBefore, 2);
+  EXPECT_NEAR(pageMargin(), 2 * marginBefore, 2);
+  EXPECT_NEAR(fontHeight(), 2 * fontBefore, 1);
+  // And back.
+  SendMessageW(window.Handle(), 0x02E0, MAKEWPARAM(96, 96), reinterpret_cast<LPARAM>(&suggested));
+  EXPECT_EQ(PlaceOf(Ok()).width, before.width);
+  EXPECT_EQ(lineHeight(), lineBefore);
 }
 
 }  // namespace

@@ -21,6 +21,7 @@
 #include "platform/win32/fonts.h"
 #include "tests/contract/win32/box_driver.h"
 #include "tests/fakes/fake_keyboard.h"
+#include "tests/window/dark_colours.h"
 #include "tests/window/main_window_fixture.h"
 
 namespace deck {
@@ -445,6 +446,19 @@ TEST_F(FindDialogTest, EndsWithTheMainWindow) {
   find.mnuFRGArray(0);
   DestroyWindow(window.Handle());
   EXPECT_FALSE(dialog.IsOpen());
+}
+
+TEST_F(FindDialogTest, LabelsAndTicksAreWrittenInTheColourOfTheSystem) {
+  const DarkColours dark;
+  find.mnuFRGArray(0);
+  const HWND label = GetWindow(dialog.Handle(), GW_CHILD);
+  for (const HWND control : {label, dialog.Control(kMatchCaseF)}) {
+    const HDC context = GetDC(control);
+    SendMessageW(dialog.Handle(), WM_CTLCOLORSTATIC, reinterpret_cast<WPARAM>(context),
+                 reinterpret_cast<LPARAM>(control));
+    EXPECT_EQ(GetTextColor(context), RGB(230, 230, 230));
+    ReleaseDC(control, context);
+  }
 }
 
 TEST_F(FindDialogTest, ScreenReadersFindALabelBeforeEveryField) {

@@ -7,6 +7,7 @@
 
 #include "platform/twips.h"
 #include "platform/win32/dpi.h"
+#include "tests/window/dark_colours.h"
 #include "tests/window/key_test/key_test_fixture.h"
 
 namespace deck {
@@ -331,6 +332,15 @@ TEST_F(KeyTestFormTest, EventsAreDrawnInBlueAndNamesInTheColourOfText) {
   EXPECT_EQ(CountPixels(Events(), kBlue), 0);
 }
 
+TEST_F(KeyTestFormTest, EventsAreBrighterOnADarkGround) {
+  const DarkColours dark;
+  Open();
+  Press({VK_F5});
+  Settle();
+  EXPECT_EQ(CountPixels(Events(), kBlue), 0);
+  EXPECT_GT(CountPixels(Events(), RGB(115, 115, 242)), 0);
+}
+
 TEST_F(KeyTestFormTest, LinesThatCameWhileTheBoxWasHiddenAreDrawnWithIt) {
   Open();
   form.SetLook({.viewAll = false});
@@ -417,6 +427,41 @@ TEST_F(KeyTestFormTest, EverySizeKeepsTheMargins) {
     EXPECT_EQ(client.right - right.right, PixelsFromTwips(60, dpi));
     EXPECT_EQ(client.bottom - right.bottom, PixelsFromTwips(60, dpi));
     EXPECT_EQ(client.bottom - left.bottom, PixelsFromTwips(60, dpi));
+  }
+}
+
+LONG FontHeightOf(HWND control) {
+  LOGFONTW font{};
+  GetObjectW(reinterpret_cast<HGDIOBJ>(SendMessageW(control, WM_GETFONT, 0, 0)), sizeof font,
+             &font);
+  return font.lfHeight;
+}
+
+TEST_F(KeyTestFormTest, NewResolutionScalesFontsMarginsAndTheLeastSize) {
+  Open();
+  const HWND lamp = Control(ControlId::kLabelSHIFT);
+  const LONG labelBefore = FontHeightOf(lamp);
+  const LONG boxBefore = FontHeightOf(Names());
+  for (const int dpi : {192, 144, 96}) {
+    RECT suggested{40, 30, 1040, 730};
+    SendMessageW(form.Handle(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
+                 reinterpret_cast<LPARAM>(&suggested));
+    RECT place{};
+    GetWindowRect(form.Handle(), &place);
+    EXPECT_EQ(place.right - place.left, 1000) << dpi;
+    EXPECT_EQ(place.bottom - place.top, 700) << dpi;
+    EXPECT_NEAR(FontHeightOf(lamp), MulDiv(labelBefore, dpi, 96), 1) << dpi;
+    EXPECT_NEAR(FontHeightOf(Names()), MulDiv(boxBefore, dpi, 96), 1) << dpi;
+    RECT client{};
+    GetClientRect(form.Handle(), &client);
+    const RECT names = InForm(form.Handle(), Names());
+    EXPECT_EQ(InForm(form.Handle(), Events()).left, PixelsFromTwips(60, dpi)) << dpi;
+    EXPECT_GE(names.top, PixelsFromTwips(630, dpi)) << dpi;
+    EXPECT_EQ(client.right - names.right, PixelsFromTwips(60, dpi)) << dpi;
+    EXPECT_EQ(client.bottom - names.bottom, PixelsFromTwips(60, dpi)) << dpi;
+    MINMAXINFO least{};
+    SendMessageW(form.Handle(), WM_GETMINMAXINFO, 0, reinterpret_cast<LPARAM>(&least));
+    EXPECT_EQ(least.ptMinTrackSize.x, 480 * dpi / 96) << dpi;
   }
 }
 

@@ -232,7 +232,7 @@ void RichEditBox::Rebuild(const RECT& place) {
     DestroyWindow(old);
   }
   Fill();
-  if (visible_) ShowWindow(control_, SW_SHOWNA);
+  if (visible_) SetPosition({}, SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW);
 }
 
 // A new control that shows what the old one did, at `place`.

@@ -41,6 +41,7 @@ Tour first-large 3840x2160 192 first-start
 
 if [ "${1:-}" = docs ]; then
   Small 100/macros main 0
+  Small 100/replace find_dialog 4
   Small 100/quick-help-slash-modifiers quick_help 4
   ls -l docs/images
 fi

@@ -249,8 +249,14 @@ class User {
   double LongestBusy() const { return longestBusy_; }
 
   void LeaveTextUnsaved() {
+    Drop(files_.front());
+    ClickTab(0);
     Post(session_.TextControl(), WM_CHAR, L'x', 1);
     Settle("key");
+  }
+  void SaveAndClose() {
+    Do("save", CommandId::kFileSave);
+    CloseAll();
   }
 
   void Cycle(bool compile) {
@@ -271,9 +277,7 @@ class User {
     ShowAndClose("key tester", CommandId::kKeyTest, L"KeyTestForm");
     ShowAndClose("quick help", CommandId::kHelpSyntax, L"InfoWindow");
     Do("save all", CommandId::kFileSaveAll);
-    // The macro files have come onto tabs of their own.
-    for (int tabs = session_.TheEditor().Documents().Count(); tabs > 0; --tabs)
-      Do("close", CommandId::kFileClose);
+    CloseAll();
     Do("new", CommandId::kFileNew);
     Do("close", CommandId::kFileClose);
   }
@@ -315,6 +319,11 @@ class User {
     Post(tabs, WM_LBUTTONDOWN, MK_LBUTTON, point);
     Post(tabs, WM_LBUTTONUP, 0, point);
     Settle("tab");
+  }
+  // The macro files have come onto tabs of their own.
+  void CloseAll() {
+    for (int tabs = session_.TheEditor().Documents().Count(); tabs > 0; --tabs)
+      Do("close", CommandId::kFileClose);
   }
   // The same length goes as comes, so that every cycle begins with the same text.
   void Type() {
@@ -397,6 +406,7 @@ int Soak(double minutes, const std::u16string& compiler) {
   // The thread for kept texts is made with the first of them.
   user.LeaveTextUnsaved();
   for (int wait = 0; wait < kTicks; ++wait) Rest(session);
+  user.SaveAndClose();
 
   const double start = Milliseconds();
   Held first;

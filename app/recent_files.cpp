@@ -10,6 +10,10 @@ namespace {
 
 constexpr std::u16string_view kSection = u"Previous Files";
 constexpr std::u16string_view kCount = u"NumberPreviousFiles";
+// A list that is longer than the user's maximum comes from a time when that was larger. Entries
+// beyond this many are looked for only by who asks for as many: a count edited by hand would hold
+// up the start with thousands of looks into the file.
+constexpr int kMostUnasked = 1000;
 
 std::u16string KeyOf(int entry) {
   return u"PreviousFilePath" + Decimal(entry);
@@ -25,7 +29,8 @@ void RecentFileList::LoadRecentFiles() {
   recentFiles_.clear();
   const int count = profiles_.ReadInteger(settings_.SettingsPath, kSection, kCount, 0);
   const bool fits = count <= std::numeric_limits<std::int16_t>::max();
-  for (int entry = 1; fits && entry <= count; ++entry) {
+  const int most = std::max<int>(settings_.MaxPreviousFiles, kMostUnasked);
+  for (int entry = 1; fits && entry <= std::min(count, most); ++entry) {
     recentFiles_.push_back(profiles_.ReadText(settings_.SettingsPath, kSection, KeyOf(entry), u""));
   }
   // An entry without a path keeps its place, but a count that was edited by hand must not give

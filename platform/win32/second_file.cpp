@@ -18,6 +18,8 @@ constexpr std::u16string_view kExtension = u".tmp";
 // As many as a number of 32 bits, and of 63, can have.
 constexpr std::size_t kMostProcessDigits = 10;
 constexpr std::size_t kMostTickDigits = 19;
+constexpr int kTries = 20;
+constexpr DWORD kBetweenTries = 10;  // milliseconds
 
 // Takes a number's digits off the text; nothing without a digit or with more than `most`.
 std::optional<std::u16string_view> TakeDigits(std::u16string_view& text, std::size_t most) {
@@ -64,6 +66,18 @@ void DeleteWhenNobodyHasIt(const std::u16string& path) {
 std::u16string SecondName(const std::u16string& path) {
   return path + u"~" + Decimal(GetCurrentProcessId()) + u"-" +
          Decimal(static_cast<std::int64_t>(GetTickCount64())) + std::u16string(kExtension);
+}
+
+DWORD PutSecondInPlace(const std::u16string& second, const std::u16string& path, DWORD flags) {
+  for (int tries = 1;; ++tries) {
+    if (MoveFileExW(Wide(second), Wide(path), MOVEFILE_REPLACE_EXISTING | flags)) {
+      return ERROR_SUCCESS;
+    }
+    const DWORD error = GetLastError();
+    const bool isInUse = error == ERROR_SHARING_VIOLATION || error == ERROR_ACCESS_DENIED;
+    if (!isInUse || tries == kTries) return error;
+    Sleep(kBetweenTries);
+  }
 }
 
 void DeleteLeftSecondFiles(const std::u16string& path) {

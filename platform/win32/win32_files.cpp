@@ -106,10 +106,8 @@ DWORD ReplaceBySecondFile(const std::u16string& path, std::string_view bytes, DW
   DWORD error = WriteNewFile(second, bytes, attributes);
   if (error != ERROR_SUCCESS) return error;
   CopyAccessRights(path, second);
-  if (MoveFileExW(Wide(second), Wide(path), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
-    return ERROR_SUCCESS;
-  error = GetLastError();
-  DeleteFileW(Wide(second));
+  error = PutSecondInPlace(second, path, MOVEFILE_WRITE_THROUGH);
+  if (error != ERROR_SUCCESS) DeleteFileW(Wide(second));
   return error;
 }
 

@@ -83,14 +83,15 @@ bool WriteWhole(const std::string& path, const CodePage& codePage,
                 const std::function<bool(const std::string&)>& write) {
   if (path.empty() || !HasRoomForACopy(path)) return false;
   const std::u16string name = codePage.Decode(path).value_or(std::u16string());
-  const std::string copy = codePage.Encode(SecondName(name)).value_or(std::string());
+  const std::u16string second = SecondName(name);
+  const std::string copy = codePage.Encode(second).value_or(std::string());
   const DWORD attributes = GetFileAttributesA(path.c_str());
   const bool isNew = attributes == INVALID_FILE_ATTRIBUTES;
   const bool isReadOnly = !isNew && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
   if (name.empty() || copy.empty() || isReadOnly || copy.size() >= MAX_PATH) return write(path);
   DeleteLeftSecondFiles(name);
   if ((isNew || CopyFileA(path.c_str(), copy.c_str(), FALSE)) && write(copy) &&
-      MoveFileExA(copy.c_str(), path.c_str(), MOVEFILE_REPLACE_EXISTING)) {
+      PutSecondInPlace(second, name) == ERROR_SUCCESS) {
     return true;
   }
   DeleteFileA(copy.c_str());

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <string>
+#include <thread>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -52,6 +53,17 @@ TEST_F(Win32FilesTest, KeepsAHiddenFileHidden) {
   const DWORD attributes = GetFileAttributesW(Wide(path_));
   EXPECT_TRUE(attributes & FILE_ATTRIBUTE_HIDDEN);
   EXPECT_TRUE(attributes & FILE_ATTRIBUTE_SYSTEM);
+}
+
+TEST_F(Win32FilesTest, WaitsForAReaderThatHasTheFileForAMoment) {
+  FileHandle reader = OpenElsewhere(FILE_SHARE_READ);
+  std::thread moment([&reader] {
+    Sleep(20);
+    reader.Reset();
+  });
+  EXPECT_TRUE(files_.ReplaceWhole(path_, "new"));
+  moment.join();
+  EXPECT_EQ(Content(), "new");
 }
 
 // The rights on the file, in a form that can be compared.

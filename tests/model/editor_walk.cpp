@@ -352,7 +352,13 @@ class Walker {
     Type();
     machine_.files.inPlace = OneIn(2);
     if (!machine_.files.inPlace) run_->events.Advance(5000);
-    const auto lost = model_->TextsToComeBack();
+    auto lost = model_->TextsToComeBack();
+    // Also an unmodified document has its text kept before it is written over its file, which may
+    // hold another one by now.
+    const std::pair written(path, Documents().Current().text1->Text());
+    if (machine_.files.inPlace && std::ranges::find(lost, written) == lost.end()) {
+      lost.push_back(written);
+    }
     machine_.files.killedWriting = path;
     bool killed = false;
     try {

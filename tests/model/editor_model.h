@@ -44,7 +44,7 @@ class EditorModel {
 
   // What is lost when the program is killed now: nothing, when these come back. By path and text.
   using Texts = std::vector<std::pair<std::u16string, std::u16string>>;
-  Texts TextsToComeBack();
+  Texts UnsavedTexts();
   // To be called after the next start. What reached its file after all need not come back.
   void CheckCameBack(Texts lost);
 

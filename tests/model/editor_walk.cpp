@@ -338,7 +338,7 @@ class Walker {
     if (depth_ > 0) return;
     machine_.files.StopFailing();
     run_->events.Advance(5000);
-    const auto lost = model_->TextsToComeBack();
+    const auto lost = model_->UnsavedTexts();
     StartProgram();
     model_->CheckCameBack(lost);
   }
@@ -352,7 +352,7 @@ class Walker {
     Type();
     machine_.files.inPlace = OneIn(2);
     if (!machine_.files.inPlace) run_->events.Advance(5000);
-    auto lost = model_->TextsToComeBack();
+    auto lost = model_->UnsavedTexts();
     // Also an unmodified document has its text kept before it is written over its file, which may
     // hold another one by now.
     const std::pair written(path, Documents().Current().text1->Text());

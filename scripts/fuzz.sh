@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Builds the fuzz targets and runs each for a while, two at a time, from the inputs that earlier runs
-# found (build/fuzz-corpus). An input that breaks a rule is left in build/fuzz-findings, what the
-# fuzzer says in build/logs.
+# Builds the fuzz targets and runs each for a while, two at a time, from the inputs in
+# tests/fuzz/corpus and those that earlier runs found (build/fuzz-corpus, where new ones go too). An
+# input that breaks a rule is left in build/fuzz-findings, what the fuzzer says in build/logs.
 #
 #   fuzz.sh [seconds for each target, 20 by default] [target...]
 #   fuzz.sh --lacking     only prints what is lacking to build them; fails when nothing is
@@ -27,14 +27,20 @@ BuildTargets() {
 
 # Fuzz <target> <seconds>: leaves "passed" or "failed" in the target's result file.
 Fuzz() {
-  local log=build/logs/fuzz-$1.log result=build/fuzz-findings/$1.result start=$SECONDS words=failed
+  local log=build/logs/fuzz-$1.log result=build/fuzz-findings/$1.result words=failed spent
   mkdir -p "build/fuzz-corpus/$1"
-  "build/fuzz/tests/fuzz/$1" -max_total_time="$2" -max_len=2048 -timeout=30 -verbosity=0 \
-    -print_funcs=0 -print_final_stats=1 -artifact_prefix="build/fuzz-findings/$1-" \
-    "build/fuzz-corpus/$1" >"$log" 2>&1 && words=passed
+  # The first folder is written to, the second only read.
+  spent=$(
+    exec 2>&1
+    TIMEFORMAT='%R %U %S'
+    time "build/fuzz/tests/fuzz/$1" -max_total_time="$2" -max_len=2048 -timeout=30 -verbosity=0 \
+      -print_funcs=0 -print_final_stats=1 -artifact_prefix="build/fuzz-findings/$1-" \
+      "build/fuzz-corpus/$1" "tests/fuzz/corpus/$1" >"$log" 2>&1
+  ) && words=passed
   printf '%s\n' "$words" >"$result"
-  printf '%-20s %s: %s inputs in %d s\n' "$1" "$words" \
-    "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")" $((SECONDS - start))
+  spent=$(awk '{ printf "%.0f s, %.1f s of the processor", $1, $2 + $3 }' <<<"$spent")
+  printf '%-20s %s: %s inputs in %s\n' "$1" "$words" \
+    "$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")" "$spent"
   [ "$words" = passed ] || tail -n 30 "$log" | sed 's/^/    /'
 }
 export -f Fuzz

@@ -78,9 +78,11 @@ class FuzzInput {
   std::size_t size_;
 };
 
-// Ends the run with the input that broke the rule.
+// Ends the run with the input that broke a rule. Who gives the bytes says how.
+[[noreturn]] void RuleBroken();
+
 inline void Require(bool holds) {
-  if (!holds) __builtin_trap();
+  if (!holds) RuleBroken();
 }
 
 }  // namespace deck

@@ -14,7 +14,6 @@ case "${1:-}" in
   *) fuzzSeconds=$((60 * $1)) soakMinutes=$1 ;;
 esac
 jobs=$(nproc)
-smallDisk=$PWD/build/small-disk
 failed=0
 
 # Run <what> <command...>
@@ -36,22 +35,11 @@ Walk() {
       build/native/tests/model/editor_walk_test
 }
 
-UnmountSmallDisk() { umount "$smallDisk" 2>/dev/null; }
-
-MountSmallDisk() {
-  mkdir -p "$smallDisk"
-  mount -t tmpfs -o size=256k tmpfs "$smallDisk" 2>/dev/null || return
-  trap UnmountSmallDisk EXIT
-  DECK_SMALL_DISK="Z:${smallDisk//\//\\}"
-  export DECK_SMALL_DISK
-}
-
 # With the file system's other cases: a full disk is one of them.
 Kill() {
-  MountSmallDisk || printf 'no small disk can be made here: its cases are skipped\n'
   cmake --preset windows >/dev/null &&
     cmake --build --preset windows -j "$jobs" --target platform_contract_real_test >/dev/null &&
-    DECK_KILLS=$kills scripts/wine_env.sh wine \
+    DECK_KILLS=$kills scripts/small_disk.sh scripts/wine_env.sh wine \
       build/windows/tests/contract/platform_contract_real_test.exe \
       --gtest_filter='*Files*:*SmallDisk*' --gtest_brief=1
 }

@@ -199,7 +199,7 @@ TEST_F(Win32FilesTest, WritesFilesWhoseNamesLeaveNoRoomForASecondOne) {
   EXPECT_EQ(folder_.CountFiles(), 2);
 }
 
-// An empty folder on a disk of 256 kB, which scripts/trust.sh makes where it may.
+// An empty folder on a disk of 256 kB, which scripts/small_disk.sh makes where it may.
 class SmallDiskTest : public testing::Test {
  protected:
   void SetUp() override {

@@ -7,10 +7,10 @@
 # Where it may (as root) it makes a disk of 256 kB to fill.
 set -u
 cd "$(dirname "${BASH_SOURCE[0]}")/.." || exit 1
-fuzzSeconds=600 soakMinutes=15 steps=1000000 waits=100000 kills=300
+fuzzSeconds=600 soakMinutes=15 steps=1000000 waits=100000 kills=300 editorKills=400
 case "${1:-}" in
   '') ;;
-  short) fuzzSeconds=10 soakMinutes=1 steps=20000 waits=2000 kills=10 ;;
+  short) fuzzSeconds=10 soakMinutes=1 steps=20000 waits=2000 kills=10 editorKills=12 ;;
   *) fuzzSeconds=$((60 * $1)) soakMinutes=$1 ;;
 esac
 jobs=$(nproc)
@@ -44,8 +44,17 @@ Kill() {
       --gtest_filter='*Files*:*SmallDisk*' --gtest_brief=1
 }
 
+KillEditor() {
+  cmake --preset windows >/dev/null &&
+    cmake --build --preset windows -j "$jobs" --target WrenDeck standins/all desktop_probe >/dev/null &&
+    scripts/layout.sh >/dev/null &&
+    (cd tests/desktop && DECK_EDITOR_KILLS=$editorKills ../../scripts/wine_env.sh \
+      python3 -m unittest test_kills)
+}
+
 Run "$steps random steps and $waits compiles" Walk
 Run "$((2 * kills)) killed writers, and full disks" Kill
+Run "$editorKills kills of the editor while it writes" KillEditor
 Run "a life of $soakMinutes minutes" scripts/soak.sh "$soakMinutes"
 Run "every fuzz target for $fuzzSeconds seconds" scripts/fuzz.sh "$fuzzSeconds"
 printf '%d broken\n' "$failed"

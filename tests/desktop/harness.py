@@ -25,12 +25,14 @@ Program: one started program and its windows
     wait_keyboard(window)                 until keys reach that window -> the same
     main                                  its main window
     key("ctrl+o", ...), type("text")      once one of its windows has the keyboard
+    post(id)                              posts a menu command to the main window
     close(), wait_end() -> exit status, end()
+    kill(), terminate()                   ends it on the spot, by a signal or by TerminateProcess
     For the editor's main window: panels(), panel(n from 1), tip(n), tab_captions(), selected_tab(),
     tab_rect(caption), click_tab(caption), edit(), menu(), menu_item("File", "Save"),
     toolbar_click(id)
 
-Window: handle, kind (class), title, rect; a snapshot, except for what is asked anew each time:
+Window: handle, kind (class), title, rect, pid; a snapshot, except for what is asked anew each time:
     children(kind=, id=, text=, visible=) -> [Child]      child(...) -> exactly one
     text                                  of a message box
     buttons()                             captions without "&"
@@ -42,6 +44,7 @@ Window: handle, kind (class), title, rect; a snapshot, except for what is asked 
 Child: a control
     .text .rect .visible .enabled .checked .handle .id .kind
     .click(), .double_click(), .right_click()
+    .insert(text)                         in the place of an edit box's selection, without keys
     .edit() .items() .selected_items() .tabs() .combo() .toolbar() .status()    as the probe tells
     .item_point(index), .click_item(index), .double_click_item(index)           list box items
     .click_character(position)                                                  rich edit boxes
@@ -84,6 +87,7 @@ MARK = "DECK_DESKTOP_TEST"
 DIALOG = "#32770"
 POPUP_MENU = "#32768"
 MESSAGE_TEXT_ID = 0xFFFF
+WM_COMMAND = 0x0111
 
 
 def missing_environment():
@@ -296,6 +300,10 @@ class Child:
     def edit(self):
         return probe().ask("edit", self.handle)
 
+    def insert(self, text):
+        """Puts text without blanks in the place of the selection."""
+        probe().ask("insert", self.handle, text)
+
     def items(self):
         return probe().ask("list", self.handle)["items"]
 
@@ -341,6 +349,7 @@ class Window:
         self.title = facts["title"]
         self.rect = facts["rect"]
         self.owner = facts["owner"]
+        self.pid = facts["pid"]
         self.minimised = facts["minimised"]
         self.maximised = facts["maximised"]
 
@@ -434,7 +443,11 @@ class Program:
                  f"the end of the window \"{title}\"")
 
     def wait_main(self, kind, seconds=PATIENCE):
-        self._main = self.wait_keyboard(self.wait_window(kind=kind, seconds=seconds))
+        return self.wait_keyboard(self.wait_main_shown(kind, seconds))
+
+    def wait_main_shown(self, kind, seconds=PATIENCE):
+        """For a program that is sent no keys."""
+        self._main = self.wait_window(kind=kind, seconds=seconds)
         return self._main
 
     @property
@@ -541,6 +554,18 @@ class Program:
 
     def is_running(self):
         return self._process.poll() is None
+
+    def post(self, id):
+        probe().ask("post", self._main.handle, WM_COMMAND, id, 0)
+
+    def kill(self):
+        self._process.kill()
+
+    def terminate(self):
+        try:
+            probe().ask("terminate", self._main.pid)
+        except ProbeError:
+            pass  # it has ended by itself, which wait_end() will tell
 
     def close(self):
         """Closes the main window as Alt+F4 does."""

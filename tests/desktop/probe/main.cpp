@@ -1,13 +1,16 @@
 // probe.exe <command> [<window> [<number>]]
 //
-// Tells about the windows of other programs, one line of JSON for each command; a command that
-// fails answers {"error": "..."}. Started without arguments it reads a command from each line of
-// its input, which spares the start of a process for every look.
+// Tells about the windows of other programs, one line of JSON for each command; one that does
+// something to them answers {}, one that fails {"error": "..."}. Started without arguments it reads
+// a command from each line of its input, which spares the start of a process for every look.
 //
 //   windows | focus | clipboard
 //   fill <part>...   of the clipboard, without blanks: text=... rtf=... picture
 //   children | text | status | tabs | list | listview | combo | edit | toolbar | menu   <window>
 //   character <edit box> <position>
+//   post <window> <message> <wParam> <lParam>
+//   insert <edit box> <text>          without blanks
+//   terminate <process id>
 #include <windows.h>
 
 #include <functional>
@@ -18,6 +21,7 @@
 #include <string>
 #include <vector>
 
+#include "tests/desktop/probe/acts.h"
 #include "tests/desktop/probe/menu_reader.h"
 #include "tests/desktop/probe/readers.h"
 
@@ -57,6 +61,14 @@ std::string Answer(const std::vector<std::string>& words) {
     return ReadMenuOf(WindowFrom(words));
   } else if (command == "character" && words.size() == 3) {
     ReadCharacterPoint(WindowFrom(words), std::stoi(words[2]), json);
+  } else if (command == "post" && words.size() == 5) {
+    PostTo(WindowFrom(words), static_cast<UINT>(std::stoul(words[2])),
+           static_cast<WPARAM>(std::stoull(words[3])), static_cast<LPARAM>(std::stoll(words[4])),
+           json);
+  } else if (command == "insert" && words.size() == 3) {
+    InsertInto(WindowFrom(words), words[2], json);
+  } else if (command == "terminate" && words.size() == 2) {
+    Terminate(static_cast<DWORD>(std::stoul(words[1])), json);
   } else if (const auto reader = WindowReaders().find(command); reader != WindowReaders().end()) {
     reader->second(WindowFrom(words), json);
   } else {

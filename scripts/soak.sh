@@ -13,9 +13,9 @@ export CCACHE_BASEDIR=$PWD CCACHE_NOHASHDIR=1
 log=build/logs/soak.log
 mkdir -p build/logs
 if ! { cmake --preset windows && cmake --build --preset windows -j "$(nproc)" --target editor_soak \
-  standins/all; } >"$log" 2>&1; then
+  all && scripts/layout.sh; } >"$log" 2>&1; then
   tail -n 20 "$log"
   exit 1
 fi
 scripts/wine_env.sh wine build/windows/tests/bench/editor_soak.exe "$minutes" \
-  "$(printf 'Z:%s' "${PWD//\//\\}")\\build\\windows\\standins\\HOTASCompiler.exe"
+  "$(printf 'Z:%s' "${PWD//\//\\}")\\out\\WrenDeck"

@@ -7,6 +7,7 @@
 
 #include "documents/layout.h"
 #include "platform/control_ids.h"
+#include "platform/scope_value.h"
 #include "platform/twips.h"
 #include "platform/win32/accessible_name.h"
 #include "platform/win32/dpi.h"
@@ -83,6 +84,7 @@ void StatusBarControl::SetPanel(int panel, const std::u16string& text) {
 // The control paints a text as soon as it has it, and opening a file shows a dozen of them: it gets
 // the last ones, when it is going to paint or is asked for them.
 void StatusBarControl::ShowTexts() {
+  const ScopeValue<bool> showing(showingTexts_, true);
   for (std::size_t index = 0; index < texts_.size(); ++index) {
     if (!unshown_.test(index)) continue;
     unshown_.reset(index);
@@ -143,6 +145,8 @@ void StatusBarControl::ShowToolTips() {
 }
 
 LRESULT StatusBarControl::OnMessage(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  // Wine's control has itself painted for each of them; once, with all of them, is enough.
+  if (message == WM_PAINT && showingTexts_) return 0;
   if (NeedsTexts(message)) ShowTexts();
   tips_.Relay(message, wParam, lParam);
   if (message == WM_MOUSEMOVE && HasPointerMoved(window, lParam) && hovered_) hovered_();

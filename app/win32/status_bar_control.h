@@ -44,6 +44,7 @@ class StatusBarControl {
   ToolTips tips_;
   std::array<std::u16string, kStatusPanels> texts_;
   std::bitset<kStatusPanels> unshown_;  // the control has not got these yet
+  bool showingTexts_ = false;
   std::array<std::u16string, kStatusPanels> toolTips_;
   std::array<int, kStatusPanels> edges_{};
   HFONT font_ = nullptr;

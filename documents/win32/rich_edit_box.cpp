@@ -188,6 +188,7 @@ void RichEditBox::Place(const RECT& place) {
 void RichEditBox::SetVisible(bool visible) {
   if (visible) MoveToPlace();
   if (std::exchange(visible_, visible) == visible || control_ == nullptr) return;
+  if (visible) TakeDrops();
   // The system takes the focus from a window only when it is hidden by the other call.
   if (!visible && GetFocus() == control_) SetFocus(parent_);
   SetPosition({}, SWP_NOMOVE | SWP_NOSIZE | (visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
@@ -214,9 +215,15 @@ void RichEditBox::Attach(HWND control) {
   Subclass<&RichEditBox::OnAnyControlMessage>(control, this);
   SetPropW(control, kBoxProperty, this);
   SetAccessibleName(control, L"Text");
+  if (visible_) TakeDrops();
+}
+
+// Only a box that was shown: registering takes the system as long as loading some twenty lines.
+void RichEditBox::TakeDrops() {
+  if (std::exchange(takesDrops_, control_) == control_) return;
   // Some systems' control registers a target of its own, which would take formatted text.
-  RevokeDragDrop(control);
-  RegisterDragDrop(control, dropTarget_);
+  RevokeDragDrop(control_);
+  RegisterDragDrop(control_, dropTarget_);
 }
 
 // A new control with the present text in the place of the old one. The focus goes straight from one

@@ -107,7 +107,7 @@ void MacroPanelWindow::Focus() {
 }
 
 void MacroPanelWindow::ShowHeadings(const std::vector<std::u16string>& headings, int selected) {
-  const PaintPause pause(window_);
+  const PaintPause pause(combo_);
   SendMessageW(combo_, CB_RESETCONTENT, 0, 0);
   for (const std::u16string& heading : headings) {
     SendMessageW(combo_, CB_ADDSTRING, 0, Text(heading));

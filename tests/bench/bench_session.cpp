@@ -39,12 +39,17 @@ ApplicationFolder::ApplicationFolder() {
   WriteTextFile(folder_.In(u"Wren.ini"), u"");
 }
 
+std::u16string ApplicationFolder::AddFile(const std::u16string& name,
+                                          const std::u16string& text) const {
+  const std::u16string path = folder_.In(name);
+  WriteTextFile(path, text);
+  return path;
+}
+
 std::u16string ApplicationFolder::AddPair(const std::u16string& name, int lines,
                                           int macroLines) const {
-  const std::u16string joystickFile = folder_.In(name + u".tmj");
-  WriteTextFile(joystickFile, JoystickFileText(lines, name));
-  WriteTextFile(folder_.In(name + u".tmm"), MacroFileText(macroLines));
-  return joystickFile;
+  AddFile(name + u".tmm", MacroFileText(macroLines));
+  return AddFile(name + u".tmj", JoystickFileText(lines, name));
 }
 
 void ApplicationFolder::FillRecentFiles() const {

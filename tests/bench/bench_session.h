@@ -23,6 +23,8 @@ class ApplicationFolder {
 
   const std::u16string& Path() const { return folder_.Path(); }
   std::u16string In(const std::u16string& name) const { return folder_.In(name); }
+  // Gives the path of the file.
+  std::u16string AddFile(const std::u16string& name, const std::u16string& text) const;
   // A joystick file and its macro file, each of so many lines; gives the path of the first.
   std::u16string AddPair(const std::u16string& name, int lines, int macroLines) const;
   // As long a list of recent files as the program keeps, of files that are not there.

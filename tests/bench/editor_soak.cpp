@@ -2,7 +2,7 @@
 // other windows and closes, again and again, by the messages that a user's hand causes. Tells what
 // it holds of the system before and after, and how long its window ever kept a message waiting.
 //
-//   editor_soak <minutes> <the stand-in for the compiler>
+//   editor_soak <minutes> <folder of the stand-ins>
 #include <windows.h>
 
 #include <commctrl.h>
@@ -18,6 +18,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <map>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -27,6 +28,7 @@
 #include "platform/win32/handles.h"
 #include "platform/win32/wide_text.h"
 #include "tests/bench/bench_session.h"
+#include "tests/bench/bench_texts.h"
 #include "tests/bench/costs.h"
 
 namespace deck {
@@ -202,9 +204,12 @@ class Agreeing {
     wchar_t name[16] = {};
     GetClassNameW(window, name, 16);
     if (std::wcscmp(name, L"#32770") == 0 && IsWindowVisible(window)) {
+      constexpr int kTextOfABox = 0xFFFF;
       wchar_t title[100] = {};
       GetWindowTextW(window, title, 100);
-      ++reinterpret_cast<Agreeing*>(self)->boxes_[title];
+      wchar_t text[300] = {};
+      GetDlgItemTextW(window, kTextOfABox, text, 300);
+      ++reinterpret_cast<Agreeing*>(self)->boxes_[std::wstring(title) + L": " + text];
       SendMessageW(window, WM_COMMAND, IDOK, 0);
     }
     return TRUE;
@@ -218,7 +223,7 @@ class Agreeing {
 
   DWORD guiThread_;
   std::atomic<bool> ending_ = false;
-  std::map<std::wstring, long> boxes_;  // by title; of the thread
+  std::map<std::wstring, long> boxes_;  // by title and text; of the thread
   std::thread thread_;
 };
 
@@ -236,6 +241,21 @@ double ProcessorTime() {
   return milliseconds(kernel) + milliseconds(user);
 }
 
+// Statements that the compiler takes, as many as its memory holds, and comments up to kLines; the
+// last line is `last`.
+std::u16string SoakText(const std::u16string& macroFile, const std::u16string& last) {
+  constexpr int kStatements = 100;
+  std::u16string text = u"USE MDEF " + macroFile + u"\n";
+  for (int line = 1; line < kLines - 1; ++line) {
+    const std::u16string macro = u"MACRO_" + Decimal(3 + line % 20);
+    if (line > kStatements) text += u"rem once ";
+    text += u"BTN S" + Decimal(line % 4 + 1);
+    for (const char16_t* modifier : {u" /I ", u" /O "}) text += modifier + macro;
+    text += u'\n';
+  }
+  return text + last + u"\n";
+}
+
 // ---- The user's hand.
 
 class User {
@@ -243,10 +263,17 @@ class User {
   User(Session& session, std::vector<std::u16string> files)
       : session_(session), files_(std::move(files)) {}
 
-  double Longest() const { return longest_; }
-  const char* LongestStep() const { return longestStep_; }
-  // The most that a whole step took of the processor, whoever else used it.
-  double LongestBusy() const { return longestBusy_; }
+  // What each kind of step cost: by the clock, and of the processor, whoever else used it.
+  void Print() const {
+    std::printf("longest single message of each step, on average and at most, in milliseconds:\n");
+    for (const auto& [name, cost] : costs_) {
+      std::printf(
+          "  %-24s %7ld times, %7.1f, %7.1f by the clock, %5.0f of the processor, over 100 %ld "
+          "times\n",
+          name.c_str(), cost.times, cost.all / static_cast<double>(cost.times), cost.longest,
+          cost.busiest, cost.late);
+    }
+  }
 
   void LeaveTextUnsaved() {
     Drop(files_.front());
@@ -255,14 +282,16 @@ class User {
     Settle("key");
   }
   void SaveAndClose() {
+    Do("undo", CommandId::kUndo);
     Do("save", CommandId::kFileSave);
     CloseAll();
   }
 
-  void Cycle(bool compile) {
+  // `compile`: which of the files, if any.
+  void Cycle(std::optional<std::size_t> compile) {
     for (const std::u16string& file : files_) Drop(file);
-    for (std::size_t tab = 0; tab < files_.size(); ++tab) {
-      ClickTab(static_cast<int>(tab));
+    for (const std::u16string& file : files_) {
+      ClickTabOf(file);
       Type();
       Do("save", CommandId::kFileSave);
     }
@@ -273,7 +302,10 @@ class User {
     Do("undo", CommandId::kUndo);
     Do("save", CommandId::kFileSave);
     for (int turn = 0; turn < 4; ++turn) Do("next tab", CommandId::kNextTab);
-    if (compile) Compile();
+    if (compile) {
+      ClickTabOf(files_[*compile]);
+      Compile();
+    }
     ShowAndClose("key tester", CommandId::kKeyTest, L"KeyTestForm");
     ShowAndClose("quick help", CommandId::kHelpSyntax, L"InfoWindow");
     Do("save all", CommandId::kFileSaveAll);
@@ -283,6 +315,14 @@ class User {
   }
 
  private:
+  struct StepCost {
+    long times = 0;
+    double all = 0;  // milliseconds
+    double longest = 0;
+    double busiest = 0;
+    long late = 0;
+  };
+
   void Post(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     PostMessageW(window, message, wParam, lParam);
   }
@@ -290,10 +330,12 @@ class User {
   void Settle(const char* step) {
     const double busyBefore = ProcessorTime();
     const double took = session_.Pump();
-    longestBusy_ = std::max(longestBusy_, ProcessorTime() - busyBefore);
-    if (took <= longest_) return;
-    longest_ = took;
-    longestStep_ = step;
+    StepCost& cost = costs_[step];
+    ++cost.times;
+    cost.all += took;
+    cost.longest = std::max(cost.longest, took);
+    cost.busiest = std::max(cost.busiest, ProcessorTime() - busyBefore);
+    if (took > 100) ++cost.late;
   }
   void Do(const char* step, CommandId command) {
     Post(session_.Window(), WM_COMMAND, static_cast<WPARAM>(command), 0);
@@ -309,6 +351,12 @@ class User {
     GlobalUnlock(memory);
     Post(session_.Window(), WM_DROPFILES, reinterpret_cast<WPARAM>(memory), 0);
     Settle("open");
+  }
+  void ClickTabOf(const std::u16string& file) {
+    DocumentSet& documents = session_.TheEditor().Documents();
+    for (int index = 0; index < documents.Count(); ++index) {
+      if (documents[index].path == file) return ClickTab(index);
+    }
   }
   void ClickTab(int index) {
     const HWND tabs = GetDlgItem(session_.Window(), static_cast<int>(ControlId::kTabStrip1));
@@ -342,6 +390,14 @@ class User {
     Do("find dialog", CommandId::kFind);
     const HWND dialog = FindWindowW(L"FindAndReplace", nullptr);
     if (dialog == nullptr) return;
+    COMBOBOXINFO field{};
+    field.cbSize = sizeof field;
+    GetComboBoxInfo(GetDlgItem(dialog, static_cast<int>(ControlId::kComboTextFind)), &field);
+    SendMessageW(field.hwndItem, EM_SETSEL, 0, -1);
+    for (const wchar_t letter : std::wstring(L"BTN")) {
+      Post(field.hwndItem, WM_CHAR, letter, 1);
+      Settle("key in the find dialog");
+    }
     Post(dialog, WM_COMMAND, static_cast<WPARAM>(ControlId::kFindCommand1), 0);
     Settle("find");
     Post(dialog, WM_CLOSE, 0, 0);
@@ -355,19 +411,11 @@ class User {
     }
   }
   // The program pumps messages itself while it waits, so the command's own time says nothing.
-  void Compile() {
-    const double before = longest_;
-    const double busyBefore = longestBusy_;
-    Do("compile", CommandId::kCompile);
-    longest_ = before;
-    longestBusy_ = busyBefore;
-  }
+  void Compile() { Do("compile and its wait", CommandId::kCompile); }
 
   Session& session_;
   std::vector<std::u16string> files_;
-  double longest_ = 0;
-  double longestBusy_ = 0;
-  const char* longestStep_ = "nothing";
+  std::map<std::string, StepCost> costs_;
 };
 
 bool SameButMemory(const Held& left, const Held& right) {
@@ -384,17 +432,25 @@ void Rest(Session& session) {
   session.Pump();
 }
 
-int Soak(double minutes, const std::u16string& compiler) {
+int Soak(double minutes, const std::u16string& applicationFolder) {
   const ApplicationFolder folder;
-  if (!Win32Files().Copy(compiler, folder.In(u"HOTASCompiler.exe"))) {
-    std::printf("the stand-in for the compiler is not there\n");
-    return 2;
+  const std::u16string from = applicationFolder + u"\\";
+  for (const char16_t* name : {u"HOTASCompiler.exe", u"KeyCodes.txt"}) {
+    if (!Win32Files().Copy(from + name, folder.In(name))) {
+      std::printf("no stand-ins are there\n");
+      return 2;
+    }
   }
   WritePrivateProfileStringW(L"Unsupported", L"CheckForCompletionTime", L"50",
                              Wide(folder.In(u"Wren.ini")));
   std::vector<std::u16string> files;
-  for (int file = 1; file <= kFiles; ++file)
-    files.push_back(folder.AddPair(u"soak" + Decimal(file), kLines, kLines / 10));
+  for (int file = 1; file <= kFiles; ++file) {
+    const std::u16string name = u"soak" + Decimal(file);
+    folder.AddFile(name + u".tmm", MacroFileText(kLines / 10));
+    // The last one has an error to land on.
+    const std::u16string last = file == kFiles ? u"BTN S1 NO_SUCH_MACRO" : u"rem the end";
+    files.push_back(folder.AddFile(name + u".tmj", SoakText(name, last)));
+  }
 
   Session session(folder);
   const IdleWindow idle;
@@ -413,9 +469,10 @@ int Soak(double minutes, const std::u16string& compiler) {
   long cycles = 0;
   long compiles = 0;
   while (cycles <= kFirstCycles || Milliseconds() - start < minutes * 60'000) {
-    const bool compile = cycles % kCyclesForEachCompile == 0;
+    std::optional<std::size_t> compile;
+    if (cycles % kCyclesForEachCompile == 0)
+      compile = static_cast<std::size_t>(compiles++) % files.size();
     user.Cycle(compile);
-    compiles += compile ? 1 : 0;
     if (++cycles == 1) Print("after the first cycle", WhatIsHeld());
     if (cycles == kFirstCycles) {
       first = WhatIsHeld();
@@ -428,8 +485,7 @@ int Soak(double minutes, const std::u16string& compiler) {
   std::printf("%ld cycles, %ld compiles, %.1f minutes; boxes:\n", cycles, compiles,
               (Milliseconds() - start) / 60'000);
   agreeing.Print();
-  std::printf("longest single message %.1f ms (%s); longest step took %.0f ms of the processor\n",
-              user.Longest(), user.LongestStep(), user.LongestBusy());
+  user.Print();
   askEditor.Print("the editor's window");
   askIdle.Print("a window that idles");
   const bool same = SameButMemory(first, last);
@@ -442,7 +498,7 @@ int Soak(double minutes, const std::u16string& compiler) {
 
 int wmain(int count, wchar_t** arguments) {
   if (count != 3) {
-    std::printf("editor_soak <minutes> <the stand-in for the compiler>\n");
+    std::printf("editor_soak <minutes> <folder of the stand-ins>\n");
     return 2;
   }
   return deck::Soak(std::wcstod(arguments[1], nullptr), deck::FromWide(arguments[2]));

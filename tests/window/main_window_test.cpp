@@ -503,6 +503,24 @@ TEST_F(MainWindowTest, FocusOfTheWindowIsPassedOn) {
   EXPECT_EQ(events, std::vector<std::string>{"focused"});
 }
 
+// Registering a target takes the system as long as loading a few lines; nobody can drop on a text
+// that was never in view.
+TEST_F(MainWindowTest, TextTakesDropsFromTheMomentItIsShown) {
+  const auto takesDrops = [this] {
+    return GetPropW(Control(ControlId::kText1), L"OleDropTargetInterface") != nullptr;
+  };
+  const auto box = window.CreateEditBox({});
+  box->Load(u"one");
+  EXPECT_FALSE(takesDrops());
+  box->SetVisible(true);
+  EXPECT_TRUE(takesDrops());
+  box->Load(u"another text, in another control");
+  EXPECT_TRUE(takesDrops());
+  box->SetVisible(false);
+  box->SetVisible(true);
+  EXPECT_TRUE(takesDrops());
+}
+
 TEST_F(MainWindowTest, DroppedFilesAreReportedInTheirOrder) {
   ShowWindowed();
   const std::wstring names = std::wstring(L"C:\\a.tmj") + L'\0' + L"C:\\b c.tmm" + L'\0' + L'\0';

@@ -159,6 +159,29 @@ TEST_F(StatusBarTest, TextIsNotPaintedBeforeTheMessagesAtHandAreDone) {
   EXPECT_NE(Pixels(Status()), before);
 }
 
+int timesPainted = 0;
+
+LRESULT CALLBACK CountPainting(HWND bar, UINT message, WPARAM wParam, LPARAM lParam, UINT_PTR,
+                               DWORD_PTR) {
+  const LRESULT result = DefSubclassProc(bar, message, wParam, lParam);
+  // A message that is left for later leaves the area that is to be painted.
+  if (message == WM_PAINT && !GetUpdateRect(bar, nullptr, FALSE)) ++timesPainted;
+  return result;
+}
+
+TEST_F(StatusBarTest, TextsOfSeveralPanelsArePaintedTogether) {
+  loop.Pump();
+  SetWindowSubclass(Status(), CountPainting, 1, 0);
+  timesPainted = 0;
+  for (const int panel : {1, 2, 3, 8}) window.SetPanel(panel, u"new");
+  loop.Pump();
+  EXPECT_EQ(timesPainted, 1);
+  const std::vector<COLORREF> shown = Pixels(Status());
+  RemoveWindowSubclass(Status(), CountPainting, 1);
+  PaintAgain(Status());
+  EXPECT_EQ(shown, Pixels(Status())) << "something was left out";
+}
+
 TEST_F(StatusBarTest, TabInATextDoesNotMoveItToTheMiddle) {
   window.SetPanel(1, u"FIRE =\tx");
   EXPECT_EQ(Panel(1), L"FIRE = x");

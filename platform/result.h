@@ -1,5 +1,5 @@
-// Expected failures as values. A function that may fail for reasons outside the program returns a
-// Result; what went wrong comes with the reason in words, ready to be shown to the user.
+// Expected failures as values. What may fail for reasons outside the program returns a Result, made
+// by `return value;` or `return Problem{words for the user};`, which is why neither is explicit.
 #pragma once
 
 #include <optional>

@@ -100,7 +100,7 @@ SelfTest() {
   folder=$(mktemp -d)
   printf '#include <string>\nint main(int n, char** v) { return std::stoi(v[n - 1]); }\n' \
     >"$folder/main.cpp"
-  # shellcheck disable=SC2086
+  # shellcheck disable=SC2086  # $protected is a list of options
   {
     Make "$folder/good.exe" $protected
     for check in size imports protection sections; do

@@ -13,6 +13,7 @@ from pathlib import Path
 ROOT = Path(__file__).resolve().parent.parent
 sys.path.insert(0, str(ROOT / "tests" / "desktop"))
 
+# Found by the path above.
 import harness  # pylint: disable=wrong-import-position
 
 APP = ROOT / "out" / "WrenDeck"

@@ -22,7 +22,7 @@ class FindAndReplaceWindow : public FindDialogView {
   // `owner` is the main window. Keys for the dialog's controls go through `loop`, whose filters
   // have to ask TakeKey.
   FindAndReplaceWindow(HWND owner, MessageLoop& loop) : owner_(owner), loop_(loop) {}
-  ~FindAndReplaceWindow() override { Close(); }
+  ~FindAndReplaceWindow() override { FindAndReplaceWindow::Close(); }
   FindAndReplaceWindow(const FindAndReplaceWindow&) = delete;
   FindAndReplaceWindow& operator=(const FindAndReplaceWindow&) = delete;
 

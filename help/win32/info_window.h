@@ -23,7 +23,7 @@ class InfoWindow : public InfoWindowView {
 
   // `owner` is the main window. Keys for the window's controls go through `loop`.
   InfoWindow(HWND owner, MessageLoop& loop) : owner_(owner), loop_(loop) {}
-  ~InfoWindow() override { Unload(); }
+  ~InfoWindow() override { InfoWindow::Unload(); }
   InfoWindow(const InfoWindow&) = delete;
   InfoWindow& operator=(const InfoWindow&) = delete;
 

@@ -68,7 +68,7 @@ KeyTestForm::KeyTestForm(MessageLoop& loop) : eventsBox_(kBlue), namesBox_(kSyst
 }
 
 KeyTestForm::~KeyTestForm() {
-  Close();
+  KeyTestForm::Close();
 }
 
 void KeyTestForm::JoinBox(KeyBox box) {

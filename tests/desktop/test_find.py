@@ -66,7 +66,8 @@ class Opening(FindTest):
             self.open_dialog(key)
             self.wait_equal(page, self.shown_page, "the page")
             self.editor.type("2")
-            self.wait_equal("2", lambda: self.control(field).text, "what was typed")  # pylint: disable=cell-var-from-loop
+            # pylint: disable-next=cell-var-from-loop  # waited for before the next turn
+            self.wait_equal("2", lambda: self.control(field).text, "what was typed")
             self.screenshot(picture)
             self.editor.key("Escape")
             self.editor.wait_no_window(TITLE)

@@ -13,6 +13,7 @@ from pathlib import Path
 
 sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "desktop"))
 
+# Found by the path above.
 import harness  # noqa: E402  pylint: disable=wrong-import-position
 from harness import ROOT, DesktopTest, wait_for, windows_path  # noqa: E402
 

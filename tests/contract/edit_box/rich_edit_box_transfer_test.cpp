@@ -317,6 +317,7 @@ TEST_F(RichEditBoxTransfer, TheMenuKeyOpensTheMenuAtTheCaret) {
 
 // Drops
 
+// The interfaces of OLE end objects by Release and have no virtual destructor.
 #pragma GCC diagnostic push
 #pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
 

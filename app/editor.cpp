@@ -24,7 +24,7 @@ Editor::Editor(const EditorPorts& ports)
       documents_(ports.window, status_, ports.keyboard, settings_),
       files_(documents_, status_, settings_,
              {ports.files, ports.dialogs, ports.prompts, ports.events, ports.codePage}),
-      recentFiles_(ports.profiles, ports.window, settings_),
+      recentFiles_(ports.profiles, ports.background, ports.window, settings_),
       macros_(documents_, status_, settings_,
               {ports.files, ports.codePage, ports.prompts, ports.profiles, ports.window,
                ports.macroPanel}),
@@ -203,6 +203,7 @@ void Editor::Unload() {
   if (!helpFile_.UseHlpFile) ports_.help.CloseAll();
   // An end that asked nobody, as when Windows is in a hurry, throws nothing away.
   if (closing_) recovery_.End();
+  ports_.background.Finish();
 }
 
 // ---- Commands.

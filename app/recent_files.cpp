@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <utility>
 
 #include "platform/strings.h"
 
@@ -21,9 +22,9 @@ std::u16string KeyOf(int entry) {
 
 }  // namespace
 
-RecentFileList::RecentFileList(ProfileFiles& profiles, MainWindowView& view,
-                               const Settings& settings)
-    : profiles_(profiles), view_(view), settings_(settings) {}
+RecentFileList::RecentFileList(ProfileFiles& profiles, BackgroundWork& background,
+                               MainWindowView& view, const Settings& settings)
+    : profiles_(profiles), background_(background), view_(view), settings_(settings) {}
 
 void RecentFileList::LoadRecentFiles() {
   recentFiles_.clear();
@@ -62,7 +63,7 @@ void RecentFileList::Clear() {
   std::vector<ProfileText> texts = Paths();
   recentFiles_.clear();
   texts.push_back(Count());
-  Write(texts);
+  Write(std::move(texts));
   view_.SetRecentFiles(recentFiles_);
 }
 
@@ -81,12 +82,15 @@ std::vector<ProfileText> RecentFileList::Paths() const {
 void RecentFileList::WriteAll() {
   std::vector<ProfileText> texts = Paths();
   texts.insert(texts.begin(), Count());
-  Write(texts);
+  Write(std::move(texts));
 }
 
 // The list is a convenience: what cannot be stored is simply not there at the next start.
-void RecentFileList::Write(const std::vector<ProfileText>& texts) {
-  static_cast<void>(profiles_.WriteTexts(settings_.SettingsPath, kSection, texts));
+void RecentFileList::Write(std::vector<ProfileText> texts) {
+  background_.Start(
+      [&profiles = profiles_, file = settings_.SettingsPath, texts = std::move(texts)] {
+        static_cast<void>(profiles.WriteTexts(file, kSection, texts));
+      });
   unwritten_ = false;
 }
 

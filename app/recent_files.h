@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/background_work.h"
 #include "platform/main_window_view.h"
 #include "platform/profile_files.h"
 #include "platform/settings.h"
@@ -14,8 +15,7 @@ namespace deck {
 
 class RecentFileList {
  public:
-  // While one lives, paths that come in are written together when the last one ends: each write
-  // costs as much as loading a short file.
+  // While one lives, paths that come in are written together when the last one ends.
   class [[nodiscard]] OneWrite {
    public:
     explicit OneWrite(RecentFileList& list) : list_(list) { ++list_.holders_; }
@@ -29,7 +29,9 @@ class RecentFileList {
     RecentFileList& list_;
   };
 
-  RecentFileList(ProfileFiles& profiles, MainWindowView& view, const Settings& settings);
+  // Writes in the background: that takes as long as loading a short file.
+  RecentFileList(ProfileFiles& profiles, BackgroundWork& background, MainWindowView& view,
+                 const Settings& settings);
 
   void LoadRecentFiles();
   // To the top of the list, once; paths are compared exactly. Writes every key. With a maximum
@@ -44,10 +46,11 @@ class RecentFileList {
  private:
   ProfileText Count() const;
   std::vector<ProfileText> Paths() const;
-  void Write(const std::vector<ProfileText>& texts);
+  void Write(std::vector<ProfileText> texts);
   void WriteAll();
 
   ProfileFiles& profiles_;
+  BackgroundWork& background_;
   MainWindowView& view_;
   const Settings& settings_;
   std::vector<std::u16string> recentFiles_;

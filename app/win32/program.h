@@ -71,8 +71,8 @@ class Program {
   KeyTestForm keyTest_{loop_};  // the first to see a key, since every key may be one to be tested
   Win32CodePage codePage_;
   Win32Files files_;
-  BackgroundThread background_;
   Win32ProfileFiles profiles_{codePage_};
+  BackgroundThread background_;
   Win32FileDialogs dialogs_{[this] { return OwnerOfBoxes(window_.Handle()); }};
   Win32Prompts prompts_{[this] { return OwnerOfBoxes(window_.Handle()); }};
   Win32Programs programs_;

@@ -118,9 +118,10 @@ void MacroPanelWindow::ShowHeadings(const std::vector<std::u16string>& headings,
 void MacroPanelWindow::ShowMacros(const std::vector<std::u16string>& names) {
   const TextMeasure measure(list_, font_.Get());
   int widest = 0;
-  // The frame's, so that scroll bars wait as well.
-  const PaintPause pause(window_);
+  // The list's own answer lets its scroll bars be painted whenever they change, the system's lets
+  // each item ask to be painted.
   SendMessageW(list_, WM_SETREDRAW, FALSE, 0);
+  DefWindowProcW(list_, WM_SETREDRAW, FALSE, 0);
   SendMessageW(list_, LB_RESETCONTENT, 0, 0);
   for (const std::u16string& name : names) {
     SendMessageW(list_, LB_ADDSTRING, 0, Text(name));
@@ -130,6 +131,8 @@ void MacroPanelWindow::ShowMacros(const std::vector<std::u16string>& names) {
   const int margin = ScaleToDpi(6, dpi_);
   SendMessageW(list_, LB_SETHORIZONTALEXTENT, static_cast<WPARAM>(widest + margin), 0);
   SendMessageW(list_, WM_SETREDRAW, TRUE, 0);
+  DefWindowProcW(list_, WM_SETREDRAW, TRUE, 0);
+  RedrawWindow(list_, nullptr, nullptr, RDW_ERASE | RDW_FRAME | RDW_INVALIDATE);
 }
 
 // ---- The frame.

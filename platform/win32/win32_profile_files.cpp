@@ -124,12 +124,14 @@ std::u16string Win32ProfileFiles::ReadText(const std::u16string& file, std::u16s
 bool Win32ProfileFiles::WriteText(const std::u16string& file, std::u16string_view section,
                                   std::u16string_view key, std::u16string_view value) {
   const ProfileText text{std::u16string(key), std::u16string(value)};
+  const std::scoped_lock lock(writing_);
   return WriteWhole(EncodedPath(file), codePage_,
                     [&](const std::string& path) { return SetText(path, section, text); });
 }
 
 bool Win32ProfileFiles::WriteTexts(const std::u16string& file, std::u16string_view section,
                                    const std::vector<ProfileText>& texts) {
+  const std::scoped_lock lock(writing_);
   return WriteWhole(EncodedPath(file), codePage_,
                     [&](const std::string& path) { return SetTexts(path, section, texts); });
 }

@@ -1,6 +1,9 @@
 // INI files through the system's private-profile functions of the code page: other programs write
-// and read the same files with them. Owned by the program's entry.
+// and read the same files with them. May be used from several threads. Owned by the program's
+// entry.
 #pragma once
+
+#include <mutex>
 
 #include "platform/code_page.h"
 #include "platform/profile_files.h"
@@ -33,6 +36,8 @@ class Win32ProfileFiles : public ProfileFiles {
   std::string EncodedPath(const std::u16string& path) const;
 
   const CodePage& codePage_;
+  // A change begins with a copy of what is there.
+  std::mutex writing_;
 };
 
 }  // namespace deck

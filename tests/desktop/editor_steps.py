@@ -41,6 +41,10 @@ class EditorTest(DesktopTest):
     def own_ini(self, section, key):
         return harness.ini_value(self.app_file("WrenDeck.ini"), section, key)
 
+    def wait_own_ini(self, section, key, expected):
+        """The recent files are written in the background."""
+        self.wait_equal(expected, lambda: self.own_ini(section, key), f"the setting {key}")
+
     # What the editor shows.
 
     def wait_equal(self, expected, look, what, seconds=harness.PATIENCE):

@@ -336,8 +336,8 @@ class RecentFiles(DocumentsTest):
         self.wait_recent_files(editor, self.first)
         self.choose(editor, "File", "Clear recent files")
         self.wait_recent_files(editor)
-        self.assertEqual("0", self.own_ini("Previous Files", "NumberPreviousFiles"))
-        self.assertEqual("", self.own_ini("Previous Files", "PreviousFilePath1"))
+        self.wait_own_ini("Previous Files", "NumberPreviousFiles", "0")
+        self.wait_own_ini("Previous Files", "PreviousFilePath1", "")
         self.assertEqual(["a.tmj"], editor.tab_captions())
 
 

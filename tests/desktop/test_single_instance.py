@@ -50,8 +50,7 @@ class OneEditor(EditorTest):
         self.hand_over("near.tmj", directory=other)
         self.wait_tabs(editor, "airliner.tmm", "Two words.tmj", "near.tmj")
         self.wait_selected(editor, "near.tmj")
-        self.assertEqual(windows_path(other / "near.tmj"), self.own_ini("Previous Files",
-                                                                         "PreviousFilePath1"))
+        self.wait_own_ini("Previous Files", "PreviousFilePath1", windows_path(other / "near.tmj"))
 
         # Without a file, or with one that is not there, the editor only comes to the front.
         harness.xdotool("getactivewindow", "windowminimize")

@@ -8,6 +8,7 @@
 #include "app/settings_store.h"
 #include "compiler/hotas_ini.h"
 #include "compiler/wait_settings.h"
+#include "tests/fakes/fake_background_work.h"
 #include "tests/fakes/fake_main_window_view.h"
 #include "tests/fakes/fake_profile_files.h"
 #include "tests/fuzz/fuzz_input.h"
@@ -84,13 +85,14 @@ void ReadEverything(const std::u16string& text) {
   Require(report.Result() == CompilerResult{});
 
   FakeMainWindowView view;
-  RecentFileList recent(profiles, view, settings);
+  FakeBackgroundWork background;
+  RecentFileList recent(profiles, background, view, settings);
   recent.LoadRecentFiles();
   Require(view.recentFiles == recent.RecentFiles());
   recent.AddRecentFile(u"C:\\new.tmj");
   Require(settings.MaxPreviousFiles < 1 || recent.RecentFiles().front() == u"C:\\new.tmj");
   static_cast<void>(SaveEditorPosition(profiles, settings, position, view.ScreenSize()));
-  RecentFileList again(profiles, view, settings);
+  RecentFileList again(profiles, background, view, settings);
   again.LoadRecentFiles();
   Require(settings.MaxPreviousFiles < 1 || again.RecentFiles().front() == u"C:\\new.tmj");
 }

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <thread>
+
 #include "platform/strings.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/win32_code_page.h"
@@ -69,6 +71,23 @@ TEST_F(Win32ProfileFilesTest, AProcessThatIsKilledWhileItWritesLeavesWholeSettin
   }
   ASSERT_TRUE(profiles_.WriteText(path, u"Other", u"Key", u"new"));
   EXPECT_EQ(folder_.CountFiles(), 1) << "what the killed ones left is gone";
+}
+
+// The recent files are written in the background while the window writes settings of its own.
+TEST_F(Win32ProfileFilesTest, TwoThreadsTakeNothingFromEachOther) {
+  constexpr int kWrites = 60;
+  const std::u16string path = folder_.In(u"a.ini");
+  const auto write = [&](std::u16string_view section) {
+    for (int key = 1; key <= kWrites; ++key)
+      EXPECT_TRUE(profiles_.WriteText(path, section, u"Key" + Decimal(key), Decimal(key)));
+  };
+  std::thread other(write, u"Other");
+  write(u"Own");
+  other.join();
+  for (const std::u16string_view section : {u"Own", u"Other"}) {
+    for (int key = 1; key <= kWrites; ++key)
+      EXPECT_EQ(profiles_.ReadInteger(path, section, u"Key" + Decimal(key), 0), key);
+  }
 }
 
 TEST_F(Win32ProfileFilesTest, WritesTheFileItselfWhereTheFolderTakesNoSecondOne) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/strings.h"
+#include "tests/fakes/fake_background_work.h"
 #include "tests/fakes/fake_main_window_view.h"
 #include "tests/fakes/fake_profile_files.h"
 
@@ -25,7 +26,8 @@ struct RecentFilesTest : testing::Test {
   FakeProfileFiles profiles;
   FakeMainWindowView view;
   Settings settings;
-  RecentFileList list{profiles, view, settings};
+  FakeBackgroundWork background;
+  RecentFileList list{profiles, background, view, settings};
 };
 
 TEST_F(RecentFilesTest, AreHiddenWithoutEntries) {
@@ -42,9 +44,20 @@ TEST_F(RecentFilesTest, PutTheNewestOnTopAndStoreEveryEntry) {
   EXPECT_EQ(Value(u"PreviousFilePath2"), u"C:\\a.tmj");
 }
 
+TEST_F(RecentFilesTest, AreWrittenInTheBackgroundInTheirOrder) {
+  background.held = true;
+  Add({u"C:\\a.tmj", u"C:\\b.tmj"});
+  EXPECT_EQ(view.recentFiles, (Paths{u"C:\\b.tmj", u"C:\\a.tmj"})) << "shown at once";
+  EXPECT_EQ(Value(u"NumberPreviousFiles"), u"");
+  list.Clear();
+  background.Finish();
+  EXPECT_EQ(Value(u"NumberPreviousFiles"), u"0");
+  EXPECT_EQ(Value(u"PreviousFilePath2"), u"");
+}
+
 TEST_F(RecentFilesTest, ComeBackAtTheNextStart) {
   Add({u"C:\\a.tmj", u"C:\\R&D.tmj"});
-  RecentFileList next(profiles, view, settings);
+  RecentFileList next(profiles, background, view, settings);
   view.recentFiles.clear();
   next.LoadRecentFiles();
   EXPECT_EQ(next.RecentFiles(), (Paths{u"C:\\R&D.tmj", u"C:\\a.tmj"}));
@@ -102,7 +115,7 @@ TEST_F(RecentFilesTest, DropTheOldestAtTheMaximum) {
 TEST_F(RecentFilesTest, AreCutToALoweredMaximumWhenANewPathComes) {
   Add({u"a", u"b", u"c", u"d"});
   settings.MaxPreviousFiles = 2;
-  RecentFileList next(profiles, view, settings);
+  RecentFileList next(profiles, background, view, settings);
   next.LoadRecentFiles();
   EXPECT_EQ(next.RecentFiles().size(), 4u);
   next.AddRecentFile(u"a");

@@ -1,6 +1,7 @@
 // The program's entry.
 #include <windows.h>
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -42,18 +43,19 @@ std::u16string ApplicationFolder() {
   return folder;
 }
 
-// Without the setting every start is an editor of its own.
+// Without the setting every start is an editor of its own, and `other` is left empty.
 StartAs HowToStart(const std::u16string& applicationFolder, std::u16string_view commandLine,
-                   RunningEditor& other) {
+                   std::optional<RunningEditor>& other) {
   const Win32CodePage codePage;
   if (!WantsSingleInstance(Win32ProfileFiles(codePage), applicationFolder)) {
     return StartAs::kBesideOthers;
   }
+  other.emplace();
   const Win32Files files;
   const std::u16string file = StartupFileOf(commandLine);
   return HandOver(FileExists(files, file) ? files.Absolute(file) : std::u16string(),
-                  {.claim = [&](int milliseconds) { return other.Claim(milliseconds); },
-                   .tell = [&](const std::string& bytes) { return other.Tell(bytes); }});
+                  {.claim = [&](int milliseconds) { return other->Claim(milliseconds); },
+                   .tell = [&](const std::string& bytes) { return other->Tell(bytes); }});
 }
 
 }  // namespace
@@ -63,7 +65,7 @@ int WINAPI wWinMain(HINSTANCE, HINSTANCE, wchar_t*, int) {
   deck::NarrowLibrarySearch();
   const std::u16string folder = deck::ApplicationFolder();
   const std::u16string commandLine = deck::FromWide(GetCommandLineW());
-  deck::RunningEditor other;
+  std::optional<deck::RunningEditor> other;
   const deck::StartAs startAs = deck::HowToStart(folder, commandLine, other);
   if (startAs == deck::StartAs::kHandedOver) return 0;
   deck::Program program;

@@ -59,9 +59,7 @@ Editor::Editor(const EditorPorts& ports)
 
 void Editor::JoinFeatures() {
   documents_.refreshMacros = [this](Document& document) { macros_.RefreshFor(document); };
-  macros_.links.openPreviouslySavedFiles = [this](const std::u16string& path) {
-    return files_.OpenPreviouslySavedFiles(path);
-  };
+  macros_.links.openBehind = [this](const std::u16string& path) { return files_.OpenBehind(path); };
   macros_.links.save = [this] { return files_.FileSave(); };
   JoinFileCommands();
   JoinCompiler();

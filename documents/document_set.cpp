@@ -43,7 +43,6 @@ int DocumentSet::IndexOfPath(const std::u16string& path) const {
 }
 
 void DocumentSet::HideTextBoxes() {
-  if (keepTextBox) return;
   // The current one first: a moment without any box would flicker.
   Current().text1->SetVisible(true);
   for (Document& document : documents_) {
@@ -92,10 +91,10 @@ void DocumentSet::Rename(int index, const std::u16string& path) {
   view_.SetTab(index + 1, document.caption, document.path);
 }
 
-void DocumentSet::Select(int index) {
+void DocumentSet::Select(int index, BoxInView box) {
   current_ = index;
   view_.SelectTab(index + 1);
-  TabSwitchRefresh();
+  TabSwitchRefresh(box);
 }
 
 void DocumentSet::SelectNext() {
@@ -106,14 +105,14 @@ void DocumentSet::SelectPrevious() {
   Select((current_ + Count() - 1) % Count());
 }
 
-void DocumentSet::TabSwitchRefresh() {
+void DocumentSet::TabSwitchRefresh(BoxInView box) {
   GetCurrentTextBox();
   const std::u16string& message = status_.Message();
   if (CompilerBusy != 1 && !status_.ShowsCompileResult() &&
       message.find(u'=') == std::u16string::npos) {
     status_.Say(u"Editing " + Current().caption);
   }
-  HideTextBoxes();
+  if (box == BoxInView::kFollows) HideTextBoxes();
   ShowState();
   ShowCompileCommands();
   ShowCaretLine();

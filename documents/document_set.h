@@ -57,6 +57,14 @@ void ShowFileContent(Document& document, FileContent content);
 
 inline constexpr std::u16string_view kUntitled = u"Untitled";
 
+// What becomes of the box that the user sees when another tab is selected.
+enum class BoxInView {
+  kFollows,
+  // Whoever asks for this selects a tab with kFollows before the user sees anything: showing a box
+  // paints it, which takes longer than loading a short file.
+  kStays,
+};
+
 class DocumentSet {
  public:
   DocumentSet(MainWindowView& view, StatusBar& status, Keyboard& keyboard,
@@ -69,10 +77,6 @@ class DocumentSet {
   std::int16_t SkipMacroRefresh = 0;
   // While 1, hovering and tab switches leave the message panel alone.
   std::int16_t CompilerBusy = 0;
-  // While true, the box in view stays there: whoever sets it selects another tab, or the same one
-  // again, before the user sees anything. Showing a box paints it, which takes longer than loading
-  // a short file.
-  bool keepTextBox = false;
 
   int Count() const { return static_cast<int>(documents_.size()); }
   int CurrentIndex() const { return current_; }
@@ -85,7 +89,7 @@ class DocumentSet {
 
   // Makes the selected tab's document the current one and gives its box.
   EditBox& GetCurrentTextBox() { return *Current().text1; }
-  // Only the current box is visible, unless keepTextBox is set.
+  // Only the current box is visible.
   void HideTextBoxes();
 
   // Adds an untitled document behind the last one and makes it current, without messages.
@@ -101,12 +105,12 @@ class DocumentSet {
   void Rename(int index, const std::u16string& path);
 
   // Selects the tab and runs everything that follows from it.
-  void Select(int index);
+  void Select(int index, BoxInView box = BoxInView::kFollows);
   // Ctrl+Tab; wraps round.
   void SelectNext();
   void SelectPrevious();
   // What a click on a tab, or code that selects one, brings up to date.
-  void TabSwitchRefresh();
+  void TabSwitchRefresh(BoxInView box = BoxInView::kFollows);
 
   void ShowState();
   void ShowCaretLine();

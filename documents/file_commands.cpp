@@ -85,7 +85,7 @@ void FileCommands::FileOpen() {
 void FileCommands::OpenSelection(const std::u16string& selection) {
   if (FileExists(ports_.files, selection)) {
     const std::u16string path = ports_.files.Absolute(selection);
-    if (OpenAgain(path)) Load(path);
+    if (OpenAgain(path)) Load(path, BoxInView::kFollows);
     return;
   }
   for (const std::u16string& path : ExtractFilePathsOnMultiOpen(selection)) {
@@ -94,9 +94,17 @@ void FileCommands::OpenSelection(const std::u16string& selection) {
 }
 
 bool FileCommands::OpenPreviouslySavedFiles(const std::u16string& startupFile) {
-  const std::u16string path = ports_.files.Absolute(startupFile);
+  return Open(startupFile, BoxInView::kFollows);
+}
+
+bool FileCommands::OpenBehind(const std::u16string& path) {
+  return Open(path, BoxInView::kStays);
+}
+
+bool FileCommands::Open(const std::u16string& file, BoxInView box) {
+  const std::u16string path = ports_.files.Absolute(file);
   if (!OpenAgain(path)) return false;
-  Load(path);
+  Load(path, box);
   return true;
 }
 
@@ -107,11 +115,12 @@ bool FileCommands::OpenAgain(const std::u16string& path) {
               u"File already open", BoxStyle::kYesNo}) == Answer::kYes;
 }
 
-void FileCommands::Load(const std::u16string& path) {
+void FileCommands::Load(const std::u16string& path, BoxInView box) {
+  const bool inView = box == BoxInView::kFollows;
   status_.Say(std::u16string(kOpening));
-  // A long file takes its time, and a slow disk even more. While a macro file is opened beside its
-  // joystick file, the text is still there from before.
-  if (!documents_.keepTextBox) status_.PaintNow();
+  // A long file takes its time, and a slow disk even more. Behind its joystick file a macro file
+  // finds the text there from before.
+  if (inView) status_.PaintNow();
   // Everything that can fail comes before anything is touched.
   Result<FileContent> content = ReadFileContent(ports_.files, ports_.codePage, path);
   if (!content) return CannotOpen(path, content.problem().reason);
@@ -122,24 +131,26 @@ void FileCommands::Load(const std::u16string& path) {
   documents_.Rename(index, path);
 
   const ScopeValue skip(documents_.SkipMacroRefresh, std::int16_t{1});
-  documents_.Select(index);
+  documents_.Select(index, box);
   links.addRecentFile(path);
   if (IsMacroFile(path)) links.showMacrosOf(path);
-  documents_.HideTextBoxes();
+  if (inView) documents_.HideTextBoxes();
   status_.Say(std::u16string(Trim(FileNameOf(path))) + u" successfully opened");
   if (IsJoystickFile(path)) {
-    const ScopeValue keep(documents_.keepTextBox, true);
     links.detectMacroFile(ExtensionOf(path), std::u16string(FolderOf(path)));
   }
 
   // The macro file may have come onto a tab of its own.
   const int opened = documents_.IndexOf(id);
-  if (opened < 0) return documents_.HideTextBoxes();
-  if (documents_.CurrentIndex() != opened) documents_.Select(opened);
-  EditBox& box = documents_.GetCurrentTextBox();
-  box.Select({0, 0});
+  if (opened < 0) {
+    if (inView) documents_.HideTextBoxes();
+    return;
+  }
+  if (documents_.CurrentIndex() != opened) documents_.Select(opened, box);
+  EditBox& text = documents_.GetCurrentTextBox();
+  text.Select({0, 0});
   documents_.ShowCaretLine();
-  if (!documents_.keepTextBox) box.Focus();
+  if (inView) text.Focus();
 }
 
 void FileCommands::CannotOpen(const std::u16string& path, const std::u16string& reason) {

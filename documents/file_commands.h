@@ -58,11 +58,14 @@ class FileCommands {
   // Opens the file on a tab, asking first when a document with this very path is open already.
   // False when the user said No to that question.
   bool OpenPreviouslySavedFiles(const std::u16string& startupFile);
+  // The same for the macro file that detectMacroFile found: its joystick file stays in view.
+  bool OpenBehind(const std::u16string& path);
 
  private:
+  bool Open(const std::u16string& file, BoxInView box);
   bool OpenAgain(const std::u16string& path);
   void OpenSelection(const std::u16string& selection);
-  void Load(const std::u16string& path);
+  void Load(const std::u16string& path, BoxInView box);
   void CannotOpen(const std::u16string& path, const std::u16string& reason);
   bool WriteCurrent();
   Result<void> Write(Document& document);

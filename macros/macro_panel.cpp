@@ -55,7 +55,7 @@ void MacroPanel::DetectMacroFile(std::u16string_view extension, std::u16string_v
   const std::u16string path = PathOf(found->name, *macroExtension, folder);
   if (!FileExists(ports_.files, path)) return;
   const std::u16string message = status_.Message();
-  if (links.openPreviouslySavedFiles(path)) return;
+  if (links.openBehind(path)) return;
   Analyse(path);
   // That the joystick file was opened is the news, not that its macros were read.
   status_.Say(message);

@@ -23,8 +23,9 @@ namespace deck {
 
 // How the macro panel reaches the file commands; set by app/editor.
 struct MacroPanelLinks {
-  // Opens the file on a tab, asking first when it is open already. False when the answer was No.
-  std::function<bool(const std::u16string& path)> openPreviouslySavedFiles;
+  // Opens the macro file on a tab behind its joystick file, asking first when it is open already.
+  // False when the answer was No.
+  std::function<bool(const std::u16string& path)> openBehind;
   // Saves the current document. False when it was not saved.
   std::function<bool()> save;
 };

@@ -148,7 +148,7 @@ TEST_F(FileOpenTest, MacroFileOpenedBesideAJoystickFileNeverComesIntoView) {
   files.AddFile(u"C:\\x\\m.tmm", "macros");
   std::vector<bool> visible;
   onDetect = [&] {
-    commands.OpenPreviouslySavedFiles(u"C:\\x\\m.tmm");
+    commands.OpenBehind(u"C:\\x\\m.tmm");
     for (const int index : {0, 1}) visible.push_back(Box(index).visible());
   };
   OpenNew(u"C:\\x\\j.tmj", "joystick");
@@ -183,7 +183,7 @@ TEST_F(FileOpenTest, DoesNotAnalyseMacrosASecondTimeForItsOwnTabSwitch) {
 
 TEST_F(FileOpenTest, EndsOnTheJoystickFileWhenItsMacroFileOpensBesideIt) {
   files.AddFile(u"C:\\m.tmm", "A = b");
-  onDetect = [&] { commands.OpenPreviouslySavedFiles(u"C:\\m.tmm"); };
+  onDetect = [&] { commands.OpenBehind(u"C:\\m.tmm"); };
   OpenNew(u"C:\\a.tmj", "one\ntwo");
   EXPECT_EQ(view.Captions(), (Captions{u"a.tmj", u"m.tmm"}));
   EXPECT_EQ(documents.CurrentIndex(), 0);
@@ -201,7 +201,7 @@ TEST_F(FileOpenTest, ShowsTheFirstLineAfterTheDetectionSelectedANameFurtherDown)
   files.AddFile(u"C:\\m.tmm", "A = b");
   onDetect = [&] {
     Box().Select({13, 1});
-    commands.OpenPreviouslySavedFiles(u"C:\\m.tmm");
+    commands.OpenBehind(u"C:\\m.tmm");
   };
   OpenNew(u"C:\\a.tmj", "one\nUSE MDEF m");
   ASSERT_EQ(documents.CurrentIndex(), 0);

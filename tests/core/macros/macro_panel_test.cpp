@@ -70,7 +70,7 @@ class MacroPanelTest : public testing::Test {
     settings.SettingsPath = u"C:\\Deck\\WrenDeck.ini";
     files.AddFile(kMacroFile, kMacros);
     documents.Add();
-    macros.links.openPreviouslySavedFiles = [this](const std::u16string& path) {
+    macros.links.openBehind = [this](const std::u16string& path) {
       opened.push_back(path);
       return !saysNo;
     };

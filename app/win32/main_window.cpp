@@ -192,8 +192,7 @@ void MainWindow::Place(const WindowPlacement& placement) {
   if (placement.state == WindowState::kNormal) {
     const Rectangle place = PlaceOnAMonitor(placement, dpi_);
     const ScopeValue placing(placing_, true);
-    SetWindowPos(window_, nullptr, place.left, place.top, place.width, place.height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    MoveTo(window_, place);
   }
   if (IsWindowVisible(window_)) Show();
 }

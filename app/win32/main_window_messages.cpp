@@ -15,6 +15,7 @@
 #include "platform/win32/procedure_border.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/window_front.h"
+#include "platform/win32/window_place.h"
 
 namespace deck {
 namespace {
@@ -160,10 +161,7 @@ void MainWindow::OnDpiChanged(int dpi, const RECT& suggested) {
   dpi_ = dpi;
   SetFonts();
   for (RichEditBox* box : editBoxes_.boxes) box->SetDpi(dpi_);
-  if (!placing_) {
-    SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
-  }
+  if (!placing_) MoveTo(window_, FromRect(suggested));
   Arrange();
 }
 

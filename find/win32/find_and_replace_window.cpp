@@ -63,11 +63,6 @@ LetterSize SizeOfLetters(HWND window, HFONT font) {
   return {(measure.Width(letters) + count / 2) / count, measure.LineHeight()};
 }
 
-void MoveTo(HWND window, const Rectangle& place) {
-  SetWindowPos(window, nullptr, place.left, place.top, 0, 0,
-               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 }  // namespace
 
 // ---- The dialog.
@@ -180,9 +175,7 @@ void FindAndReplaceWindow::LayOut() {
     Rectangle units = part.description->place;
     // The height of a combo box is that of its open list.
     if (part.description->kind == FindPartKind::kCombo) units.height = kListUnits;
-    const Rectangle place = InPixels(units, letter_);
-    SetWindowPos(part.window, nullptr, place.left, place.top, place.width, place.height,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    MoveTo(part.window, InPixels(units, letter_));
   }
   background_.Forget();
   InvalidateRect(window_, nullptr, TRUE);
@@ -360,8 +353,7 @@ void FindAndReplaceWindow::OnPointerMoved(HWND window, LPARAM point) const {
 void FindAndReplaceWindow::OnDpiChanged(int dpi, const RECT& suggested) {
   dpi_ = dpi;
   SetFont();
-  SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  MoveTo(window_, FromRect(suggested));
   SizeToContents();
   LayOut();
 }

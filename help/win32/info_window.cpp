@@ -145,11 +145,8 @@ void InfoWindow::LayOut() {
   RECT client{};
   GetClientRect(window_, &client);
   const InfoWindowLayout layout = LayOutInfoWindow(client.right, client.bottom, dpi_);
-  const auto move = [](HWND control, const Rectangle& place) {
-    MoveWindow(control, place.left, place.top, place.width, place.height, TRUE);
-  };
-  move(text_, layout.text);
-  move(ok_, layout.ok);
+  MoveTo(text_, layout.text);
+  MoveTo(ok_, layout.ok);
   const int margin = ScaleToDpi(kPageMargin, dpi_);
   RECT page{margin, margin, layout.text.width - margin, layout.text.height};
   SendMessageW(text_, EM_SETRECT, 0, reinterpret_cast<LPARAM>(&page));
@@ -158,8 +155,7 @@ void InfoWindow::LayOut() {
 void InfoWindow::OnDpiChanged(int dpi, const RECT& suggested) {
   dpi_ = dpi;
   SetFont();
-  SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  MoveTo(window_, FromRect(suggested));
   LayOut();  // the size may be the same as before
 }
 

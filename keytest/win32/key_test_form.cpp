@@ -43,11 +43,6 @@ HWND CreateLabel(HWND parent, ControlId id, const wchar_t* text, DWORD style) {
                          GetModuleHandleW(nullptr), nullptr);
 }
 
-void Move(HWND window, const Rectangle& place) {
-  SetWindowPos(window, nullptr, place.left, place.top, place.width, place.height,
-               SWP_NOZORDER | SWP_NOACTIVATE);
-}
-
 std::u16string TextOf(HWND window) {
   std::wstring text(static_cast<std::size_t>(GetWindowTextLengthW(window)) + 1, L'\0');
   text.resize(
@@ -155,7 +150,7 @@ WindowPlacement KeyTestForm::Placement() const {
 void KeyTestForm::Place(const WindowPlacement& placement) {
   const Rectangle place = PlaceOnAMonitor(placement, dpi_);
   const ScopeValue placing(placing_, true);
-  Move(window_, place);
+  MoveTo(window_, place);
 }
 
 // ---- Parts of the window.
@@ -243,13 +238,13 @@ void KeyTestForm::Arrange() {
                    .viewAll = look_.viewAll,
                    .dpi = dpi_});
   for (std::size_t lamp = 0; lamp < layout.lamps.size(); ++lamp) {
-    Move(labels_[lamp], layout.lamps[lamp]);
+    MoveTo(labels_[lamp], layout.lamps[lamp]);
   }
-  Move(labels_[kMenus], layout.menus);
-  Move(labels_[kHeading], layout.heading);
-  Move(labels_[kWarning], layout.warning);
-  Move(eventsBox_.Handle(), layout.events);
-  Move(namesBox_.Handle(), layout.names);
+  MoveTo(labels_[kMenus], layout.menus);
+  MoveTo(labels_[kHeading], layout.heading);
+  MoveTo(labels_[kWarning], layout.warning);
+  MoveTo(eventsBox_.Handle(), layout.events);
+  MoveTo(namesBox_.Handle(), layout.names);
 }
 
 }  // namespace deck

@@ -7,6 +7,7 @@
 #include "platform/twips.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/procedure_border.h"
+#include "platform/win32/window_place.h"
 
 namespace deck {
 namespace {
@@ -208,10 +209,7 @@ void KeyTestForm::OnDpiChanged(int dpi, const RECT& suggested) {
   dpi_ = dpi;
   SetFonts();
   icons_.Set(window_, dpi_);
-  if (!placing_) {
-    SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-                 suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
-  }
+  if (!placing_) MoveTo(window_, FromRect(suggested));
   Arrange();
 }
 

@@ -44,6 +44,11 @@ Rectangle PlaceOf(HWND window) {
   return FromRect(place);
 }
 
+void MoveTo(HWND window, const Rectangle& place) {
+  SetWindowPos(window, nullptr, place.left, place.top, place.width, place.height,
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
 Rectangle NormalPlaceOf(HWND window) {
   if (!IsIconic(window) && !IsZoomed(window)) return PlaceOf(window);
   WINDOWPLACEMENT placement{};

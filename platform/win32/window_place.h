@@ -13,6 +13,10 @@ RECT ToRect(const Rectangle& rectangle);
 
 Rectangle PlaceOf(HWND window);
 
+// Moves and sizes the window; neither in front of others nor active. A control's place counts from
+// its parent's corner.
+void MoveTo(HWND window, const Rectangle& place);
+
 // The window's place when it is neither minimised nor maximised, whatever it is now.
 Rectangle NormalPlaceOf(HWND window);
 

@@ -16,7 +16,6 @@
 #include "platform/win32/owned_window.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
-#include "platform/win32/program_icon.h"
 #include "platform/win32/subclass.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/window_class.h"
@@ -75,10 +74,7 @@ void FindAndReplaceWindow::Open(FindPage page) {
 }
 
 void FindAndReplaceWindow::Create() {
-  RegisterWindowClass({.name = kClassName,
-                       .procedure = DefDlgProcW,
-                       .icon = ProgramIcon(),
-                       .extraBytes = DLGWINDOWEXTRA});
+  RegisterWindowClass({.name = kClassName, .procedure = DefDlgProcW, .extraBytes = DLGWINDOWEXTRA});
   const std::vector<WORD> description = DialogTemplate();
   CreateDialogIndirectParamW(GetModuleHandleW(nullptr),
                              reinterpret_cast<const DLGTEMPLATE*>(description.data()), owner_,
@@ -113,7 +109,7 @@ void FindAndReplaceWindow::CreateParts() {
   }
   Subclass<&FindAndReplaceWindow::OnTabsMessage>(tabs, this);
   SetAccessibleName(tabs, L"Pages");
-  SetFont();
+  SetLooks();
   SizeToContents();
   LayOut();
   PutOverOwner();
@@ -158,7 +154,7 @@ HWND FindAndReplaceWindow::CreatePart(const FindPart& part) {
   return window;
 }
 
-void FindAndReplaceWindow::SetFont() {
+void FindAndReplaceWindow::SetLooks() {
   FontHandle font = MakeFont(MessageFont(dpi_));
   for (const Part& part : parts_) {
     SendMessageW(part.window, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
@@ -168,6 +164,7 @@ void FindAndReplaceWindow::SetFont() {
                MAKELPARAM(ScaleToDpi(kTabPadding, dpi_), ScaleToDpi(3, dpi_)));
   letter_ = SizeOfLetters(window_, font.Get());
   font_ = std::move(font);
+  icons_.Set(window_, dpi_);
 }
 
 void FindAndReplaceWindow::LayOut() {
@@ -352,7 +349,7 @@ void FindAndReplaceWindow::OnPointerMoved(HWND window, LPARAM point) const {
 
 void FindAndReplaceWindow::OnDpiChanged(int dpi, const RECT& suggested) {
   dpi_ = dpi;
-  SetFont();
+  SetLooks();
   MoveTo(window_, FromRect(suggested));
   SizeToContents();
   LayOut();

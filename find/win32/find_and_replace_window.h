@@ -14,6 +14,7 @@
 #include "find/win32/tab_background.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/message_loop.h"
+#include "platform/win32/program_icon.h"
 
 namespace deck {
 
@@ -63,7 +64,7 @@ class FindAndReplaceWindow : public FindDialogView {
   void Create();
   void CreateParts();
   HWND CreatePart(const FindPart& part);
-  void SetFont();
+  void SetLooks();
   void LayOut();
   void SizeToContents();
   void PutOverOwner();
@@ -83,6 +84,7 @@ class FindAndReplaceWindow : public FindDialogView {
   std::map<FindControl, bool> enabled_;  // as told, apart from which page is shown
   FindPage page_ = FindPage::kFind;
   FontHandle font_;
+  FrameIcons icons_;
   LetterSize letter_;
   int dpi_ = 96;
   TabBackground background_;

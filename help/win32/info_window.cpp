@@ -17,7 +17,6 @@
 #include "platform/win32/owned_window.h"
 #include "platform/win32/pointer_motion.h"
 #include "platform/win32/procedure_border.h"
-#include "platform/win32/program_icon.h"
 #include "platform/win32/subclass.h"
 #include "platform/win32/window_class.h"
 #include "platform/win32/window_place.h"
@@ -67,10 +66,7 @@ void ReportPointer(HWND control, LPARAM point, const std::function<void()>& over
 }  // namespace
 
 void InfoWindow::Load(const InfoWindowPlace& place) {
-  RegisterWindowClass({.name = kClassName,
-                       .procedure = Procedure,
-                       .icon = ProgramIcon(),
-                       .background = WindowGround()});
+  RegisterWindowClass({.name = kClassName, .procedure = Procedure, .background = WindowGround()});
   dpi_ = DpiOf(owner_);
   const auto pixels = [this](int twips) {
     return PixelsFromTwips(static_cast<float>(twips), dpi_);
@@ -130,15 +126,16 @@ void InfoWindow::CreateControls() {
   SendMessageW(text_, EM_EXLIMITTEXT, 0, 0x7FFFFFFE);
   ok_ = CreateControl(WC_BUTTONW, L"OK", BS_DEFPUSHBUTTON, window_, ControlId::kInfoCommand1);
   Subclass<&InfoWindow::OnOkMessage>(ok_, this);
-  SetFont();
+  SetLooks();
 }
 
-void InfoWindow::SetFont() {
+void InfoWindow::SetLooks() {
   FontHandle font = MakeFont(MessageFont(dpi_));
   SendMessageW(ok_, WM_SETFONT, reinterpret_cast<WPARAM>(font.Get()), TRUE);
   // Only now is the old one out of use.
   font_ = std::move(font);
   ZoomPage(text_, dpi_);
+  icons_.Set(window_, dpi_);
 }
 
 void InfoWindow::LayOut() {
@@ -154,7 +151,7 @@ void InfoWindow::LayOut() {
 
 void InfoWindow::OnDpiChanged(int dpi, const RECT& suggested) {
   dpi_ = dpi;
-  SetFont();
+  SetLooks();
   MoveTo(window_, FromRect(suggested));
   LayOut();  // the size may be the same as before
 }

@@ -9,6 +9,7 @@
 #include "help/info_window_view.h"
 #include "platform/win32/handles.h"
 #include "platform/win32/message_loop.h"
+#include "platform/win32/program_icon.h"
 
 namespace deck {
 
@@ -46,7 +47,7 @@ class InfoWindow : public InfoWindowView {
   LRESULT Handle(UINT message, WPARAM wParam, LPARAM lParam);
 
   void CreateControls();
-  void SetFont();
+  void SetLooks();
   void LayOut();
   void OnDpiChanged(int dpi, const RECT& suggested);
 
@@ -56,6 +57,7 @@ class InfoWindow : public InfoWindowView {
   HWND text_ = nullptr;
   HWND ok_ = nullptr;
   FontHandle font_;
+  FrameIcons icons_;
   int dpi_ = 96;
 };
 

@@ -12,7 +12,6 @@
 #include "platform/twips.h"
 #include "platform/win32/dpi.h"
 #include "platform/win32/fonts.h"
-#include "platform/win32/program_icon.h"
 #include "platform/win32/wide_text.h"
 #include "platform/win32/window_class.h"
 #include "platform/win32/window_front.h"
@@ -53,10 +52,7 @@ std::u16string TextOf(HWND window) {
 }  // namespace
 
 KeyTestForm::KeyTestForm(MessageLoop& loop) : eventsBox_(kBlue), namesBox_(kSystemColour) {
-  RegisterWindowClass({.name = kClassName,
-                       .procedure = Procedure,
-                       .icon = ProgramIcon(),
-                       .background = WindowGround()});
+  RegisterWindowClass({.name = kClassName, .procedure = Procedure, .background = WindowGround()});
   JoinBox(KeyBox::kEvents);
   JoinBox(KeyBox::kNames);
   loop.AddFilter([this](MSG& message) { return Filter(message); });

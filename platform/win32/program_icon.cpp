@@ -15,10 +15,6 @@ IconHandle LoadImageOfSize(int widthMetric, int heightMetric, int dpi) {
 
 }  // namespace
 
-HICON ProgramIcon() {
-  return LoadIconW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(kProgramIcon));
-}
-
 void FrameIcons::Set(HWND window, int dpi) {
   IconHandle large = LoadImageOfSize(SM_CXICON, SM_CYICON, dpi);
   IconHandle small = LoadImageOfSize(SM_CXSMICON, SM_CYSMICON, dpi);

@@ -10,10 +10,6 @@ namespace deck {
 // Its number among the program's resources: the lowest, which the system itself shows.
 inline constexpr int kProgramIcon = 1;
 
-// Shared: not to be destroyed. The system finds the smaller image of the frame by it. Null in a
-// program without the icon.
-HICON ProgramIcon();
-
 // The images that a window's frame and its task bar button show, sharp at the window's resolution.
 class FrameIcons {
  public:

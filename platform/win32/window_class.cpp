@@ -8,7 +8,6 @@ void RegisterWindowClass(const WindowClass& description) {
   kind.lpfnWndProc = description.procedure;
   kind.cbWndExtra = description.extraBytes;
   kind.hInstance = GetModuleHandleW(nullptr);
-  kind.hIcon = description.icon;
   kind.hCursor = LoadCursorW(nullptr, IDC_ARROW);
   kind.hbrBackground = description.background;
   kind.lpszClassName = description.name;

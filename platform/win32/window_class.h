@@ -8,7 +8,6 @@ namespace deck {
 struct WindowClass {
   const wchar_t* name = nullptr;
   WNDPROC procedure = nullptr;
-  HICON icon = nullptr;
   HBRUSH background = nullptr;  // null: the window erases itself
   int extraBytes = 0;
 };

@@ -84,7 +84,9 @@ TEST_F(InfoWindowTest, WindowAndControlsHaveTheClassesThatScriptsLookFor) {
 }
 
 TEST_F(InfoWindowTest, ItsFrameShowsTheProgramsIcon) {
-  EXPECT_NE(GetClassLongPtrW(window.Handle(), GCLP_HICON), 0U);
+  for (const WPARAM kind : {ICON_BIG, ICON_SMALL}) {
+    EXPECT_NE(SendMessageW(window.Handle(), WM_GETICON, kind, 0), 0);
+  }
 }
 
 TEST_F(InfoWindowTest, EscapeReturnOkAndTheCloseBoxAskForTheEnd) {

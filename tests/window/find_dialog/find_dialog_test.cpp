@@ -125,6 +125,13 @@ TEST_F(FindDialogTest, IsADialogOfTheMainWindow) {
   EXPECT_EQ(GetActiveWindow(), dialog.Handle());
 }
 
+TEST_F(FindDialogTest, ItsFrameShowsTheProgramsIcon) {
+  find.mnuFRGArray(0);
+  for (const WPARAM kind : {ICON_BIG, ICON_SMALL}) {
+    EXPECT_NE(SendMessageW(dialog.Handle(), WM_GETICON, kind, 0), 0);
+  }
+}
+
 TEST_F(FindDialogTest, ControlsHaveTheClassesThatScriptsLookFor) {
   find.mnuFRGArray(0);
   int found = 0;

@@ -61,8 +61,7 @@ void DeleteWhenNobodyHasIt(const std::u16string& path) {
                                        nullptr));
 }
 
-}  // namespace
-
+// Of this process, and like no other one.
 std::u16string SecondName(const std::u16string& path) {
   return path + u"~" + Decimal(GetCurrentProcessId()) + u"-" +
          Decimal(static_cast<std::int64_t>(GetTickCount64())) + std::u16string(kExtension);
@@ -80,6 +79,7 @@ DWORD PutSecondInPlace(const std::u16string& second, const std::u16string& path,
   }
 }
 
+// What dead processes left behind.
 void DeleteLeftSecondFiles(const std::u16string& path) {
   WIN32_FIND_DATAW data{};
   const std::u16string pattern = path + u"~*" + std::u16string(kExtension);
@@ -90,6 +90,19 @@ void DeleteLeftSecondFiles(const std::u16string& path) {
     const auto owner = OwnerOf(name, FileNameOf(path));
     if (owner && IsDead(*owner)) DeleteWhenNobodyHasIt(std::u16string(FolderOf(path)) + name);
   } while (FindNextFileW(search.Get(), &data));
+}
+
+}  // namespace
+
+DWORD ReplaceBySecondFile(const std::u16string& path,
+                          const std::function<DWORD(const std::u16string& second)>& write,
+                          DWORD flags) {
+  DeleteLeftSecondFiles(path);
+  const std::u16string second = SecondName(path);
+  DWORD error = write(second);
+  if (error == ERROR_SUCCESS) error = PutSecondInPlace(second, path, flags);
+  if (error != ERROR_SUCCESS) DeleteFileW(Wide(second));
+  return error;
 }
 
 }  // namespace deck

@@ -101,16 +101,6 @@ void CopyAccessRights(const std::u16string& from, const std::u16string& to) {
   }
 }
 
-DWORD ReplaceBySecondFile(const std::u16string& path, std::string_view bytes, DWORD attributes) {
-  const std::u16string second = SecondName(path);
-  DWORD error = WriteNewFile(second, bytes, attributes);
-  if (error != ERROR_SUCCESS) return error;
-  CopyAccessRights(path, second);
-  error = PutSecondInPlace(second, path, MOVEFILE_WRITE_THROUGH);
-  if (error != ERROR_SUCCESS) DeleteFileW(Wide(second));
-  return error;
-}
-
 DWORD Overwrite(HANDLE file, std::string_view bytes) {
   // Room first: a full disk is found out before the first old byte is gone.
   LARGE_INTEGER size{};
@@ -184,9 +174,13 @@ Result<void> Win32Files::ReplaceWhole(const std::u16string& path, std::string_vi
   const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
   if (exists && (attributes & kNotReplaceable) != 0) return ProblemOf(ERROR_ACCESS_DENIED);
   if (exists && (attributes & kWrittenInPlace) != 0) return ProblemOf(ERROR_NOT_SUPPORTED);
-  DeleteLeftSecondFiles(absolute);
   const DWORD kept = exists ? attributes & kKeptAttributes : 0;
-  return ToResult(ReplaceBySecondFile(absolute, bytes, kept | FILE_ATTRIBUTE_ARCHIVE));
+  const auto write = [&](const std::u16string& second) {
+    const DWORD error = WriteNewFile(second, bytes, kept | FILE_ATTRIBUTE_ARCHIVE);
+    if (error == ERROR_SUCCESS) CopyAccessRights(absolute, second);
+    return error;
+  };
+  return ToResult(ReplaceBySecondFile(absolute, write, MOVEFILE_WRITE_THROUGH));
 }
 
 Result<void> Win32Files::Replace(const std::u16string& path, std::string_view bytes) {

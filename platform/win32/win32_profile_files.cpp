@@ -83,19 +83,17 @@ bool WriteWhole(const std::string& path, const CodePage& codePage,
                 const std::function<bool(const std::string&)>& write) {
   if (path.empty() || !HasRoomForACopy(path)) return false;
   const std::u16string name = codePage.Decode(path).value_or(std::u16string());
-  const std::u16string second = SecondName(name);
-  const std::string copy = codePage.Encode(second).value_or(std::string());
   const DWORD attributes = GetFileAttributesA(path.c_str());
   const bool isNew = attributes == INVALID_FILE_ATTRIBUTES;
   const bool isReadOnly = !isNew && (attributes & FILE_ATTRIBUTE_READONLY) != 0;
-  if (name.empty() || copy.empty() || isReadOnly || copy.size() >= MAX_PATH) return write(path);
-  DeleteLeftSecondFiles(name);
-  if ((isNew || CopyFileA(path.c_str(), copy.c_str(), FALSE)) && write(copy) &&
-      PutSecondInPlace(second, name) == ERROR_SUCCESS) {
-    return true;
-  }
-  DeleteFileA(copy.c_str());
-  return write(path);
+  if (name.empty() || isReadOnly) return write(path);
+  const auto writeCopy = [&](const std::u16string& second) -> DWORD {
+    const std::string copy = codePage.Encode(second).value_or(std::string());
+    if (copy.empty() || copy.size() >= MAX_PATH) return ERROR_INVALID_NAME;
+    const bool isThere = isNew || CopyFileA(path.c_str(), copy.c_str(), FALSE);
+    return isThere && write(copy) ? ERROR_SUCCESS : ERROR_WRITE_FAULT;
+  };
+  return ReplaceBySecondFile(name, writeCopy) == ERROR_SUCCESS || write(path);
 }
 
 }  // namespace

@@ -38,6 +38,13 @@ class EditorTest(DesktopTest):
         lines = ["[Control]", *[f"{key}={value}" for key, value in keys.items()], ""]
         self.app_file("HOTASCompiler.control.ini").write_bytes("\r\n".join(lines).encode("ascii"))
 
+    def let_compiler_answer(self):
+        """Success, from a stand-in with NeverAnswer: as a compiler does that was only slow."""
+        path = self.app_file("HOTAS.ini")
+        text = path.read_text(encoding="cp1252")
+        path.write_text(text.replace("Status=", "Status=OK").replace("Memory=0", "Memory=7"),
+                        encoding="cp1252")
+
     def own_ini(self, section, key):
         return harness.ini_value(self.app_file("WrenDeck.ini"), section, key)
 

@@ -203,13 +203,6 @@ class Waiting(CompileTest):
         editor.key("F9")
         self.wait_starts(starts + 1)
 
-    def let_compiler_answer(self):
-        """As a compiler does that was only slow."""
-        path = self.app_file("HOTAS.ini")
-        text = path.read_text(encoding="cp1252")
-        path.write_text(text.replace("Status=", "Status=OK").replace("Memory=0", "Memory=7"),
-                        encoding="cp1252")
-
     def test_control_comes_back_from_a_compiler_that_never_answers(self):
         self.wait_for_ever()
         self.prefer("Unsupported", "RegainControlAfter", 1000)

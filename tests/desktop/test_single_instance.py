@@ -100,6 +100,26 @@ class OneEditor(EditorTest):
         wait_for(lambda: len(self.editors()) == 2, "an editor of its own")
         self.assertTrue(second.is_running())
 
+    def test_a_file_that_comes_while_a_compile_runs_is_opened_when_that_is_over(self):
+        self.compile_quickly()
+        self.control_compiler(NeverAnswer=1, Record="record.txt")
+        editor = self.start_editor(self.write_file("test.tmj", "BTN T1 a\r\n"))
+        editor.key("F9")
+        wait_for(self.app_file("record.txt").exists, "the compiler to run")
+        cover = self.cover()
+        waiting = self.start_again(windows_path(self.write_file("late.tmj", "BTN S3 C\r\n")))
+        self.wait_front(editor)
+        cover.end()
+        self.wait_panel(editor, 1, "Compiling test.tmj ..... please wait ...")
+        self.assertTrue(waiting.is_running())
+        self.assertEqual(["test.tmj"], editor.tab_captions())
+        self.let_compiler_answer()
+        self.answer(editor, "Compile results", "test.tmj was compiled successfully.\n"
+                    "Compiled file size: 7% of the Cougar memory.")
+        self.assertEqual(0, waiting.wait_end())
+        self.wait_tabs(editor, "test.tmj", "late.tmj")
+        self.wait_selected(editor, "late.tmj")
+
     def test_without_the_setting_every_start_is_an_editor_of_its_own(self):
         set_ini_value(self.app_file("WrenDeck.ini"), "Unsupported", "SingleInstance", 2)
         self.start_editor()

@@ -188,7 +188,7 @@ void RichEditBox::Place(const RECT& place) {
 void RichEditBox::SetVisible(bool visible) {
   if (visible) MoveToPlace();
   if (std::exchange(visible_, visible) == visible || control_ == nullptr) return;
-  if (visible) TakeDrops();
+  if (visible) MakeReachable();
   // The system takes the focus from a window only when it is hidden by the other call.
   if (!visible && GetFocus() == control_) SetFocus(parent_);
   SetPosition({}, SWP_NOMOVE | SWP_NOSIZE | (visible ? SWP_SHOWWINDOW : SWP_HIDEWINDOW));
@@ -214,13 +214,13 @@ void RichEditBox::Attach(HWND control) {
   if (control == nullptr) return;
   Subclass<&RichEditBox::OnAnyControlMessage>(control, this);
   SetPropW(control, kBoxProperty, this);
-  SetAccessibleName(control, L"Text");
-  if (visible_) TakeDrops();
+  if (visible_) MakeReachable();
 }
 
-// Only a box that was shown: registering takes the system as long as loading some twenty lines.
-void RichEditBox::TakeDrops() {
-  if (std::exchange(takesDrops_, control_) == control_) return;
+// Only in view: a name and a target for drops take the system as long as loading some twenty lines.
+void RichEditBox::MakeReachable() {
+  if (std::exchange(reachable_, control_) == control_) return;
+  SetAccessibleName(control_, L"Text");
   // Some systems' control registers a target of its own, which would take formatted text.
   RevokeDragDrop(control_);
   RegisterDragDrop(control_, dropTarget_);

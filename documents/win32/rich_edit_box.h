@@ -91,7 +91,7 @@ class RichEditBox final : public EditBox {
                                  LPARAM lParam);
 
   void Attach(HWND control);
-  void TakeDrops();
+  void MakeReachable();
   void MoveToPlace();
   void SetPosition(const RECT& place, UINT flags);
   void Rebuild() { Rebuild(PlaceInParent()); }
@@ -134,7 +134,7 @@ class RichEditBox final : public EditBox {
   FontHandle font_;
   EditDropTarget* dropTarget_;
   HWND control_ = nullptr;
-  HWND takesDrops_ = nullptr;  // the control that did so last
+  HWND reachable_ = nullptr;  // the control that was made so last
   Win32Clipboard clipboard_{[this] { return control_; }};
   UndoableText text_;
   std::optional<RECT> place_;  // still to be taken

@@ -39,6 +39,7 @@ class AccessibleNamesTest : private WithReader, public MainWindowFixture {
 
 TEST_F(AccessibleNamesTest, MainWindowNamesAllItsControls) {
   const auto box = window.CreateEditBox({});
+  box->SetVisible(true);
   const Names names = {{ControlId::kTabStrip1, L"Open files"},
                        {ControlId::kStatusBar1, L"Status bar"},
                        {ControlId::kToolbar1, L"Toolbar"},
@@ -54,6 +55,7 @@ TEST_F(AccessibleNamesTest, MainWindowNamesAllItsControls) {
 TEST_F(AccessibleNamesTest, EditBoxKeepsItsNameInANewControlAndForgetsItWithTheControl) {
   const std::size_t before = Reader().GivenNames();
   auto box = window.CreateEditBox({});
+  box->SetVisible(true);
   box->Load(u"one");
   box->Load(u"which makes another control");
   EXPECT_EQ(Reader().NameOf(Control(ControlId::kText1)), L"Text");

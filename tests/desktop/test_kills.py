@@ -305,7 +305,7 @@ class Kills(EditorTest):
                 self.assertTrue(self.data(name) == old, f"{self.now}{name} is torn")
         self.assertLessEqual(written, set(attack.documents), self.now)
         settings = harness.read_ini(self.ini)
-        self.assertIn(settings, attack.settings, f"{self.now}the settings are torn")
+        self.assertTrue(settings in attack.settings, f"{self.now}the settings are torn: {settings}")
         unsaved = {name: data for name, data in self.new.items()
                    if name in DOCUMENTS and name not in written}
         self.lost, self.may_return = ({}, unsaved) if TARGET in written else (unsaved, {})

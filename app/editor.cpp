@@ -209,11 +209,7 @@ void Editor::Unload() {
 void Editor::FillHandlers() {
   handlers_ = {
       {CommandId::kFileNew, [this] { files_.FileNew(); }},
-      {CommandId::kFileOpen,
-       [this] {
-         const RecentFileList::OneWrite together(recentFiles_);
-         files_.FileOpen();
-       }},
+      {CommandId::kFileOpen, [this] { OpenChosenFiles(); }},
       {CommandId::kFileSave, [this] { files_.FileSave(); }},
       {CommandId::kFileSaveAs, [this] { files_.FileSaveAs(); }},
       {CommandId::kFileSaveAll, [this] { files_.FileSaveAll(); }},
@@ -242,16 +238,8 @@ void Editor::FillHandlers() {
       {CommandId::kIndentWhenAligning, [this] { ToggleIndentWhenAligning(); }},
       {CommandId::kCompile, [this] { compile_.mnuCompile(); }},
       {CommandId::kDownload, [this] { download_.mnuFileDownload(); }},
-      {CommandId::kEnableAfterDownload,
-       [this] {
-         ticks_.enableAfterDownload = !ticks_.enableAfterDownload;
-         ShowTick(CommandId::kEnableAfterDownload, ticks_.enableAfterDownload);
-       }},
-      {CommandId::kIgnoreRunApp,
-       [this] {
-         ticks_.ignoreRunApp = !ticks_.ignoreRunApp;
-         ShowTick(CommandId::kIgnoreRunApp, ticks_.ignoreRunApp);
-       }},
+      {CommandId::kEnableAfterDownload, [this] { ToggleEnableAfterDownload(); }},
+      {CommandId::kIgnoreRunApp, [this] { ToggleIgnoreRunApp(); }},
       {CommandId::kAppWren, [this] { help_.mnuAppsArray(0); }},
       {CommandId::kAppStarter, [this] { help_.mnuAppsArray(1); }},
       {CommandId::kAppControlPanel, [this] { help_.mnuAppsArray(2); }},
@@ -285,6 +273,16 @@ void Editor::ToggleIndentWhenAligning() {
   ShowTick(CommandId::kIndentWhenAligning, settings_.IndentAsWell == 1);
 }
 
+void Editor::ToggleEnableAfterDownload() {
+  ticks_.enableAfterDownload = !ticks_.enableAfterDownload;
+  ShowTick(CommandId::kEnableAfterDownload, ticks_.enableAfterDownload);
+}
+
+void Editor::ToggleIgnoreRunApp() {
+  ticks_.ignoreRunApp = !ticks_.ignoreRunApp;
+  ShowTick(CommandId::kIgnoreRunApp, ticks_.ignoreRunApp);
+}
+
 void Editor::ShowEditCommands() {
   const bool enabled = edit_.HasSelection();
   for (const CommandId command : {CommandId::kCut, CommandId::kCopy, CommandId::kDelete}) {
@@ -315,6 +313,11 @@ void Editor::OpenRecentFile(std::size_t index) {
   ports_.prompts.Show({u"There's a problem here ... I couldn't find " + path +
                            u" which probably means you've deleted it or moved it. Sorry!",
                        u"Can't find file", BoxStyle::kExclamation});
+}
+
+void Editor::OpenChosenFiles() {
+  const RecentFileList::OneWrite together(recentFiles_);
+  files_.FileOpen();
 }
 
 void Editor::Open(const std::vector<std::u16string>& paths) {

@@ -136,8 +136,11 @@ class Editor {
   void ShowCommands();
   void ShowTick(CommandId command, bool ticked);
   void ToggleIndentWhenAligning();
+  void ToggleEnableAfterDownload();
+  void ToggleIgnoreRunApp();
   void ShowEditCommands();
   void OpenRecentFile(std::size_t index);
+  void OpenChosenFiles();
   void Open(const std::vector<std::u16string>& paths);
   void ShowInfoPage(int index);
 

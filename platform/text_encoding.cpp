@@ -243,9 +243,9 @@ std::optional<std::string> EncodeCharacters(std::u16string_view text, Encoding e
     case Encoding::kUtf16Be:
       return std::string(kUtf16BeMarkBytes) + EncodeUtf16(text, 0);
     case Encoding::kBytes:
-      return Narrowed(text);
+      break;
   }
-  return std::nullopt;
+  return Narrowed(text);
 }
 
 }  // namespace

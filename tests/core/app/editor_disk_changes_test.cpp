@@ -143,6 +143,17 @@ TEST_F(EditorDiskChanges, AFileThatIsGoneLockedOrSpoiltLeavesItsDocument) {
   EXPECT_EQ(Box().Text(), u"new") << "found by the next look";
 }
 
+TEST_F(EditorDiskChanges, AFolderInTheFilesPlaceLeavesItsDocument) {
+  files.AddFile(u"C:\\a.tmj", "one");
+  Start(u"WrenDeck.exe C:\\a.tmj");
+  const std::u16string before = Panel(1);
+  ASSERT_TRUE(files.Delete(u"C:\\a.tmj"));
+  files.AddFolder(u"C:\\a.tmj");
+  LookAgain();
+  EXPECT_EQ(Box().Text(), u"one");
+  EXPECT_EQ(Panel(1), before);
+}
+
 TEST_F(EditorDiskChanges, NothingChangesWhileTheCompilerIsWaitedFor) {
   files.AddFile(u"C:\\a.tmj", "BTN S1 X\r\n");
   Start(u"WrenDeck.exe C:\\a.tmj");

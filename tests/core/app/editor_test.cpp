@@ -360,6 +360,17 @@ TEST_F(CommandTest, NumbersBeyondTheListAndUnknownCommandsDoNothing) {
   EXPECT_EQ(view.Captions(), Captions{u"Untitled"});
 }
 
+TEST_F(CommandTest, SavesUnderAnotherName) {
+  files.AddFile(u"C:\\a.tmj", "one");
+  Start(u"WrenDeck.exe C:\\a.tmj");
+  Box().Type(u"x");
+  dialogs.saveResults.push_back(SaveChoice{u"C:\\b.tmj", 1});
+  editor.Execute(CommandId::kFileSaveAs);
+  EXPECT_EQ(files.Content(u"C:\\a.tmj"), "one");
+  EXPECT_EQ(files.Content(u"C:\\b.tmj"), "xone");
+  EXPECT_EQ(view.Captions(), Captions{u"b.tmj"});
+}
+
 TEST_F(CommandTest, TogglesTheTicks) {
   Start();
   for (const CommandId id : {CommandId::kEnableAfterDownload, CommandId::kIgnoreRunApp,

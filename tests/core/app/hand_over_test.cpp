@@ -17,7 +17,8 @@ constexpr std::u16string_view kFile = u"C:\\My files\\a.tmj";
 TEST(HandOverMessage, CarriesAnAbsolutePathOrNone) {
   for (const std::u16string_view path :
        {std::u16string_view(), kFile, std::u16string_view(u"z:\\\u0416\u00E9\U0001F600.tmm"),
-        std::u16string_view(u"\\\\server\\share\\a.tmj")}) {
+        std::u16string_view(u"\\\\server\\share\\a.tmj"),
+        std::u16string_view(u"\\\\s\\share\\a.tmj")}) {
     EXPECT_EQ(DecodeHandOver(kHandOverKind, EncodeHandOver(path)), path);
   }
 }

@@ -51,6 +51,7 @@ TEST(EditKeys, EditWithTheUsualCombinations) {
       {Control('A'), Action::kSelectAll},
       {Control('Z'), Action::kUndo},
       {Alt(kBackspace), Action::kUndo},
+      {{kBackspace, true, false, true}, Action::kRedo},
       {Control('Y'), Action::kRedo},
       {Plain(kInsert), Action::kToggleInsert},
       {Control(kBackspace), Action::kEraseWordBefore},

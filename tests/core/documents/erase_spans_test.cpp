@@ -11,6 +11,7 @@ TEST(CharacterBefore, IsAWholeCharacter) {
   EXPECT_EQ(CharacterBefore(u"a\xD83D\xDE00", 3), (TextSpan{1, 2}));
   EXPECT_EQ(CharacterBefore(u"\xD83D\xDE00", 1), (TextSpan{0, 1}));
   EXPECT_EQ(CharacterBefore(u"\xDE00\xD83D", 2), (TextSpan{1, 1}));
+  EXPECT_EQ(CharacterBefore(u"\xD83D\xFF21", 2), (TextSpan{1, 1}));
 }
 
 TEST(CharacterBefore, IsNothingAtTheStart) {
@@ -61,6 +62,7 @@ TEST(WordBehind, ReachesToTheStartOfTheNextWord) {
       {u"", 0, {0, 0}},         {u"one \n two", 0, {0, 4}},
       {u"one\ntwo", 3, {3, 1}}, {u"/U x", 0, {0, 1}},
       {u"= x", 0, {0, 2}},      {u"\xD83D\xDE00 x", 0, {0, 3}},
+      {u"one", 0, {0, 3}},      {u"one  ", 0, {0, 5}},
   };
   for (const auto& row : rows) EXPECT_EQ(WordBehind(row.text, row.position), row.erased);
 }

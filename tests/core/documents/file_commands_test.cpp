@@ -692,6 +692,16 @@ TEST_F(FileSaveAsTest, GoesToTheFilesFolderBeforeTheDialog) {
   EXPECT_EQ(dialogs.saveRequests[0].filterIndex, 1);
 }
 
+TEST_F(FileSaveAsTest, AddsNoExtensionForAFilterThatItDidNotOffer) {
+  for (const int filterIndex : {0, 4}) {
+    Box().Type(u"x");
+    const std::u16string path = u"C:\\new" + Decimal(filterIndex);
+    dialogs.saveResults.push_back(SaveChoice{path, filterIndex});
+    commands.FileSaveAs();
+    EXPECT_EQ(documents[0].path, path);
+  }
+}
+
 TEST_F(FileSaveAsTest, StoresAnAbsolutePathForARelativeOne) {
   Box().Type(u"x");
   dialogs.saveResults.push_back(SaveChoice{u"new.tmj", 1});

@@ -63,7 +63,8 @@ TEST_F(GotoLineTest, RefusesEverythingThatIsNoLine) {
        {u"",      u"0",      u"-3",         u"word",       u"4",
         u"0.9",   u"-0.5",   u"2,5",        u"2 3",        u"0x2",
         u"2x",    u"--2",    u"2147483648", u"4294967298", u"99999999999999999999999999",
-        u"1e400", u"1e-400", u"nan",        u"inf",        u"."}) {
+        u"1e400", u"1e-400", u"nan",        u"inf",        u".",
+        u"2e",    u"2e+",    u"e2"}) {
     GoTo(entry);
     EXPECT_EQ(Told(), Messages{kInvalid}) << testing::PrintToString(entry);
   }

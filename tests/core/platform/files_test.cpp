@@ -92,7 +92,8 @@ TEST(ChangeToDriveRoot, TakesTheFirstCharacterForTheDrive) {
 
 TEST(ChangeToDriveRoot, TriesNothingForTextThatBeginsWithoutALetter) {
   FilesWithTrace files;
-  for (const char16_t* path : {u"", u"\"C:\\a b.exe\"", u"\\\\server\\share\\a.exe", u"1", u"."})
+  for (const char16_t* path :
+       {u"", u"\"C:\\a b.exe\"", u"\\\\server\\share\\a.exe", u"1", u".", u"{a"})
     ChangeToDriveRoot(files, path);
   EXPECT_EQ(files.tried, std::vector<std::u16string>{});
 }

@@ -57,6 +57,8 @@ TEST(Reduced, NeverSplitsASurrogatePair) {
             (Edits{{{1, 2}, u"\xD83D\xDE01"}}));
   EXPECT_EQ(Reduced(u"\xD83D\xDE00z", {{{0, 2}, u"\xD83C\xDE00"}}),
             (Edits{{{0, 2}, u"\xD83C\xDE00"}}));
+  EXPECT_EQ(Reduced(u"a\xFF21", {{{0, 2}, u"x\xFF21"}}), (Edits{{{0, 1}, u"x"}}))
+      << "what stands behind the pairs in Unicode is a character of its own";
 }
 
 TEST(Edited, ReplacesEverySpanOfTheTextAsItWas) {

@@ -66,7 +66,7 @@ TEST(FindInText, TakesLettersOfEveryCodePageForPartsOfWords) {
 
 TEST(FindInText, TakesEverythingElseForTheEndOfAWord) {
   for (const char16_t other :
-       std::u16string_view(u" \t\n/\\.,;:-+*'\"()[]{}<>=&%$#@!?«»×÷§°€–“”…™·"))
+       std::u16string_view(u" \t\n/\\.,;:-+*'\"()[]{}<>=&%$#@!?«»×÷§°€–“”…™·￥"))
     EXPECT_EQ(
         FindInText(std::u16string(1, other) + u"use" + other, u"use", 0, kAll, kFindWholeWord), 1)
         << std::hex << int{other};

@@ -74,12 +74,17 @@ void FileCommands::FileNew() {
 
 void FileCommands::FileOpen() {
   const ProgressText progress(status_, kOpening);
-  FileDialogRequest request{.filter = std::u16string(kOpenFilter)};
+  const FileDialogRequest request = RequestInFilesFolder(kOpenFilter);
+  if (const auto selection = ports_.dialogs.Open(request)) OpenSelection(*selection);
+}
+
+FileDialogRequest FileCommands::RequestInFilesFolder(std::u16string_view filter) {
+  FileDialogRequest request{.filter = std::u16string(filter)};
   if (!settings_.FilesFolder.empty()) {
     ChangeDriveAndFolder(ports_.files, settings_.FilesFolder);
     request.initialFolder = settings_.FilesFolder;
   }
-  if (const auto selection = ports_.dialogs.Open(request)) OpenSelection(*selection);
+  return request;
 }
 
 void FileCommands::OpenSelection(const std::u16string& selection) {
@@ -228,11 +233,7 @@ Result<void> FileCommands::KeepNewerText(const Document& document, std::string_v
 }
 
 bool FileCommands::FileSaveAs() {
-  FileDialogRequest request{.filter = std::u16string(kSaveFilter)};
-  if (!settings_.FilesFolder.empty()) {
-    ChangeDriveAndFolder(ports_.files, settings_.FilesFolder);
-    request.initialFolder = settings_.FilesFolder;
-  }
+  FileDialogRequest request = RequestInFilesFolder(kSaveFilter);
   const DocumentId id = documents_.Current().id;
   const std::u16string oldPath = documents_.Current().path;
   if (!oldPath.empty()) request.fileName = documents_.Current().caption;

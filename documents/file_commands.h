@@ -62,6 +62,8 @@ class FileCommands {
   bool OpenBehind(const std::u16string& path);
 
  private:
+  // The files folder, when there is one, becomes the current one.
+  FileDialogRequest RequestInFilesFolder(std::u16string_view filter);
   bool Open(const std::u16string& file, BoxInView box);
   bool OpenAgain(const std::u16string& path);
   void OpenSelection(const std::u16string& selection);

@@ -702,6 +702,14 @@ TEST_F(FileSaveAsTest, AddsNoExtensionForAFilterThatItDidNotOffer) {
   }
 }
 
+TEST_F(FileSaveAsTest, LeavesTheFolderAloneWithoutAFilesFolder) {
+  settings.FilesFolder.clear();
+  dialogs.saveResults.push_back(std::nullopt);
+  commands.FileSaveAs();
+  EXPECT_EQ(files.CurrentFolder(), u"C:\\");
+  EXPECT_EQ(dialogs.saveRequests[0].initialFolder, u"");
+}
+
 TEST_F(FileSaveAsTest, StoresAnAbsolutePathForARelativeOne) {
   Box().Type(u"x");
   dialogs.saveResults.push_back(SaveChoice{u"new.tmj", 1});

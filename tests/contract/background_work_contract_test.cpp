@@ -26,10 +26,13 @@ TYPED_TEST(BackgroundWorkContract, DoesEverythingInTheOrderGiven) {
 }
 
 TYPED_TEST(BackgroundWorkContract, FinishWithoutWorkReturns) {
+  int done = 0;
   this->work_.Finish();
-  this->work_.Start([] {});
+  EXPECT_EQ(done, 0);
+  this->work_.Start([&done] { ++done; });
   this->work_.Finish();
   this->work_.Finish();
+  EXPECT_EQ(done, 1);
 }
 
 TYPED_TEST(BackgroundWorkContract, TakesWorkAgainAfterFinish) {

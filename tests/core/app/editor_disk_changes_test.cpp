@@ -17,8 +17,7 @@ class EditorDiskChanges : public EditorFixture {
 };
 
 TEST_F(EditorDiskChanges, AnUnmodifiedDocumentIsReadAgain) {
-  files.AddFile(u"C:\\a.tmj", "one\r\ntwo\r\nthree\r\n");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "one\r\ntwo\r\nthree\r\n");
   Box().Select({5, 2});
   files.AddFile(u"C:\\a.tmj", "uno\ndos\ntres\n");
   LookAgain();
@@ -34,8 +33,7 @@ TEST_F(EditorDiskChanges, AnUnmodifiedDocumentIsReadAgain) {
 }
 
 TEST_F(EditorDiskChanges, TheCaretGoesToTheLastLineWhenItsOwnIsGone) {
-  files.AddFile(u"C:\\a.tmj", "one\ntwo\nthree");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "one\ntwo\nthree");
   Box().Select({13, 0});
   files.AddFile(u"C:\\a.tmj", "uno\ndos");
   LookAgain();
@@ -43,8 +41,7 @@ TEST_F(EditorDiskChanges, TheCaretGoesToTheLastLineWhenItsOwnIsGone) {
 }
 
 TEST_F(EditorDiskChanges, AModifiedDocumentIsLeftAloneAndSavingKeepsTheOtherText) {
-  files.AddFile(u"C:\\a.tmj", "one");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "one");
   Box().Type(u"my ");
   files.AddFile(u"C:\\a.tmj", "uno");
   LookAgain();
@@ -57,8 +54,7 @@ TEST_F(EditorDiskChanges, AModifiedDocumentIsLeftAloneAndSavingKeepsTheOtherText
 }
 
 TEST_F(EditorDiskChanges, AChangeIsToldOnce) {
-  files.AddFile(u"C:\\a.tmj", "one");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "one");
   Box().Type(u"my ");
   files.AddFile(u"C:\\a.tmj", "uno");
   LookAgain();
@@ -68,8 +64,7 @@ TEST_F(EditorDiskChanges, AChangeIsToldOnce) {
 }
 
 TEST_F(EditorDiskChanges, NothingIsSaidWithoutAChange) {
-  files.AddFile(u"C:\\a.tmj", "one");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "one");
   const std::u16string before = Panel(1);
   LookAgain();
   EXPECT_EQ(Panel(1), before);
@@ -84,8 +79,7 @@ TEST_F(EditorDiskChanges, NothingIsSaidWithoutAChange) {
 }
 
 TEST_F(EditorDiskChanges, ASaveInOneTabReachesTheOtherTabOfTheSameFile) {
-  files.AddFile(u"C:\\a.tmj", "one");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "one");
   prompts.answers = {Answer::kYes};
   Open(u"C:\\a.tmj");
   ASSERT_EQ(editor.Documents().Count(), 2);
@@ -114,8 +108,7 @@ TEST_F(EditorDiskChanges, SeveralChangesAreToldTogether) {
 }
 
 TEST_F(EditorDiskChanges, MacrosOfAFileThatWasReadAgainAreShown) {
-  files.AddFile(u"C:\\a.tmm", "A = b\r\n");
-  Start(u"WrenDeck.exe C:\\a.tmm");
+  StartWith(u"C:\\a.tmm", "A = b\r\n");
   ASSERT_EQ(panel.macros, std::vector<std::u16string>{u"A"});
   files.AddFile(u"C:\\a.tmm", "NEW = b\r\n");
   LookAgain();
@@ -124,8 +117,7 @@ TEST_F(EditorDiskChanges, MacrosOfAFileThatWasReadAgainAreShown) {
 }
 
 TEST_F(EditorDiskChanges, AFileThatIsGoneLockedOrSpoiltLeavesItsDocument) {
-  files.AddFile(u"C:\\a.tmj", "one");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "one");
   const std::u16string before = Panel(1);
   files.AddFile(u"C:\\a.tmj", std::string("a\0b", 3));
   LookAgain();
@@ -144,8 +136,7 @@ TEST_F(EditorDiskChanges, AFileThatIsGoneLockedOrSpoiltLeavesItsDocument) {
 }
 
 TEST_F(EditorDiskChanges, AFolderInTheFilesPlaceLeavesItsDocument) {
-  files.AddFile(u"C:\\a.tmj", "one");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "one");
   const std::u16string before = Panel(1);
   ASSERT_TRUE(files.Delete(u"C:\\a.tmj"));
   files.AddFolder(u"C:\\a.tmj");
@@ -155,8 +146,7 @@ TEST_F(EditorDiskChanges, AFolderInTheFilesPlaceLeavesItsDocument) {
 }
 
 TEST_F(EditorDiskChanges, NothingChangesWhileTheCompilerIsWaitedFor) {
-  files.AddFile(u"C:\\a.tmj", "BTN S1 X\r\n");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "BTN S1 X\r\n");
   std::u16string during;
   events.actions.push_back([&] {
     files.AddFile(u"C:\\a.tmj", "uno");
@@ -172,8 +162,7 @@ TEST_F(EditorDiskChanges, NothingChangesWhileTheCompilerIsWaitedFor) {
 }
 
 TEST_F(EditorDiskChanges, LeavingTheWindowLooksAtNothing) {
-  files.AddFile(u"C:\\a.tmj", "one");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "one");
   files.AddFile(u"C:\\a.tmj", "uno");
   editor.OnLookedAt(false);
   EXPECT_EQ(Box().Text(), u"one");

@@ -58,6 +58,11 @@ class EditorFixture : public testing::Test {
   void Start(std::u16string_view commandLine = u"WrenDeck.exe") {
     ASSERT_TRUE(editor.Load(kHostFolder, commandLine));
   }
+  // A file whose path holds no blank, named on the command line.
+  void StartWith(const std::u16string& path, const std::string& bytes) {
+    files.AddFile(path, bytes);
+    Start(u"WrenDeck.exe " + path);
+  }
   void Open(const std::u16string& path) {
     dialogs.openResults.push_back(path);
     editor.Execute(CommandId::kFileOpen);

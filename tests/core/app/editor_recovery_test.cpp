@@ -121,8 +121,7 @@ TEST_F(EditorRecovery, AFolderThatTakesNoFilesIsToldAtTheStart) {
 }
 
 TEST_F(EditorRecovery, TextsAreKeptWhileTheCompilerIsWaitedFor) {
-  files.AddFile(u"C:\\a.tmj", "BTN S1 X\r\n");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "BTN S1 X\r\n");
   events.actions.push_back([this] {
     Box().Type(u"typed while waiting");
     events.Advance(3000);

@@ -64,8 +64,7 @@ TEST_F(StartOrder, TheKeyboardLayoutOfTheStartIsTheOneThatNewBoxesGet) {
 TEST_F(StartOrder, TheHostSaysHowOftenAndHowLongTheCompilerIsWaitedFor) {
   profiles.SetText(kHostIni,
                    u"[Unsupported]\r\nRegainControlAfter=300\r\nCheckForCompletionTime=200\r\n");
-  files.AddFile(u"C:\\a.tmj", "BTN S1 X\r\n");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "BTN S1 X\r\n");
   int interval = 0;
   events.actions.push_back([&] { interval = events.Interval(TimerId::kDownloadTimer); });
   const int before = events.now;

@@ -126,8 +126,7 @@ TEST_F(StartTest, MakesARelativeStartupFileAbsolute) {
 }
 
 TEST_F(StartTest, PrintingTakesTheCurrentDocument) {
-  files.AddFile(u"C:\\a.tmj", "BTN S1 X\r\n");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "BTN S1 X\r\n");
   editor.Execute(CommandId::kPrinterSetup);
   EXPECT_EQ(printer.setups, 1);
   editor.Execute(CommandId::kPrint);
@@ -361,8 +360,7 @@ TEST_F(CommandTest, NumbersBeyondTheListAndUnknownCommandsDoNothing) {
 }
 
 TEST_F(CommandTest, SavesUnderAnotherName) {
-  files.AddFile(u"C:\\a.tmj", "one");
-  Start(u"WrenDeck.exe C:\\a.tmj");
+  StartWith(u"C:\\a.tmj", "one");
   Box().Type(u"x");
   dialogs.saveResults.push_back(SaveChoice{u"C:\\b.tmj", 1});
   editor.Execute(CommandId::kFileSaveAs);

@@ -78,6 +78,15 @@ class RecoveryTest : public testing::Test {
   RecoveryTest() { machine.files.AddFolder(u"C:\\Host"); }
 
   std::size_t CountTexts() { return machine.files.FilesIn(kFolder).size(); }
+  // An editor opens a file of these bytes, keeps what is typed in front of them, and is killed.
+  void DieAfterTyping(const std::u16string& path, const std::string& bytes,
+                      const std::u16string& typed) {
+    machine.files.AddFile(path, bytes);
+    RunningEditor editor(machine);
+    editor.Open(machine, path);
+    editor.Type(typed);
+    editor.recovery.Update();
+  }
 
   Machine machine;
 };
@@ -422,13 +431,7 @@ TEST_F(RecoveryTest, SavingOverTheFileThatWasEditedNeedsNoSecondCopy) {
 }
 
 TEST_F(RecoveryTest, ATextThatSomebodyWroteMeanwhileIsNotKnownToTheDocument) {
-  machine.files.AddFile(u"C:\\a.tmj", "old");
-  {
-    RunningEditor editor(machine);
-    editor.Open(machine, u"C:\\a.tmj");
-    editor.Type(u"new ");
-    editor.recovery.Update();
-  }
+  DieAfterTyping(u"C:\\a.tmj", "old", u"new ");
   machine.files.AddFile(u"C:\\a.tmj", "of somebody else");
   RunningEditor editor(machine);
   EXPECT_EQ(editor.Text(0), u"new old");
@@ -450,13 +453,7 @@ TEST_F(RecoveryTest, AnEmptiedFileThatSomebodyWroteMeanwhileComesBackEmpty) {
 }
 
 TEST_F(RecoveryTest, ATextThatReachedItsFileDoesNotComeBack) {
-  machine.files.AddFile(u"C:\\a.tmj", "old");
-  {
-    RunningEditor editor(machine);
-    editor.Open(machine, u"C:\\a.tmj");
-    editor.Type(u"new ");
-    editor.recovery.Update();
-  }
+  DieAfterTyping(u"C:\\a.tmj", "old", u"new ");
   machine.files.AddFile(u"C:\\a.tmj", "new old");
   RunningEditor editor(machine);
   EXPECT_TRUE(editor.captions.empty());
@@ -464,13 +461,7 @@ TEST_F(RecoveryTest, ATextThatReachedItsFileDoesNotComeBack) {
 }
 
 TEST_F(RecoveryTest, AFileThatIsGoneComesBackAsAText) {
-  machine.files.AddFile(u"C:\\a.tmj", "old");
-  {
-    RunningEditor editor(machine);
-    editor.Open(machine, u"C:\\a.tmj");
-    editor.Type(u"new ");
-    editor.recovery.Update();
-  }
+  DieAfterTyping(u"C:\\a.tmj", "old", u"new ");
   ASSERT_TRUE(machine.files.Delete(u"C:\\a.tmj"));
   RunningEditor editor(machine);
   EXPECT_EQ(editor.captions, Captions{u"a.tmj"});

@@ -1,5 +1,5 @@
-// INI files, key by key and without a cache, through the system's private-profile functions. Several
-// threads may use them at a time.
+// INI files, key by key and without a cache, through the system's private-profile functions.
+// Several threads may use them at a time.
 #pragma once
 
 #include <string>

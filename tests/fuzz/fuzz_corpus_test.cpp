@@ -1,5 +1,7 @@
 // The files in corpus/, each given once to the fuzz target that its folder is named after: what the
 // fuzzer found worth keeping is tried again in every native run, with any compiler.
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
@@ -12,7 +14,6 @@
 #include <string>
 #include <vector>
 
-#include "gtest/gtest.h"
 #include "tests/fuzz/fuzz_input.h"
 
 #define FUZZ_TARGET(name) extern "C" int name(const std::uint8_t* bytes, std::size_t size);

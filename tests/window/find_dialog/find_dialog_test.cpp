@@ -328,6 +328,7 @@ TEST_F(FindDialogTest, FindAgainWorksInTheDialog) {
   Box().Load(u"one two one");
   find.mnuFRGArray(0);
   Type(kComboTextFind, u"one");
+  ASSERT_EQ(FocusedBy(kComboTextFind), kComboTextFind);
   Press(VK_F3);
   EXPECT_EQ(Box().Selection(), (TextSpan{0, 3}));
 }

@@ -201,6 +201,7 @@ void Editor::Unload() {
   if (!helpFile_.UseHlpFile) ports_.help.CloseAll();
   // An end that asked nobody, as when Windows is in a hurry, throws nothing away.
   if (closing_) recovery_.End();
+  // The recent files may be on their way still, and Windows need not wait for them.
   ports_.background.Finish();
 }
 

@@ -214,12 +214,13 @@ void RichEditBox::Attach(HWND control) {
   if (control == nullptr) return;
   Subclass<&RichEditBox::OnAnyControlMessage>(control, this);
   SetPropW(control, kBoxProperty, this);
+  reachable_ = false;
   if (visible_) MakeReachable();
 }
 
 // Only in view: a name and a target for drops take the system as long as loading some twenty lines.
 void RichEditBox::MakeReachable() {
-  if (std::exchange(reachable_, control_) == control_) return;
+  if (std::exchange(reachable_, true)) return;
   SetAccessibleName(control_, L"Text");
   // Some systems' control registers a target of its own, which would take formatted text.
   RevokeDragDrop(control_);

@@ -134,7 +134,7 @@ class RichEditBox final : public EditBox {
   FontHandle font_;
   EditDropTarget* dropTarget_;
   HWND control_ = nullptr;
-  HWND reachable_ = nullptr;  // the control that was made so last
+  bool reachable_ = false;  // MakeReachable was called for the present control
   Win32Clipboard clipboard_{[this] { return control_; }};
   UndoableText text_;
   std::optional<RECT> place_;  // still to be taken

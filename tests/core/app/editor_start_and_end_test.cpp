@@ -215,6 +215,16 @@ TEST_F(EndOrder, TheTicksOfTheMenusAreKeptAndShown) {
   EXPECT_EQ(Own(u"Miscellaneous", u"IndentAsWell"), u"1");
 }
 
+TEST_F(EndOrder, TheRecentFilesAreWrittenAlsoWhenNobodyWasAsked) {
+  files.AddFile(u"C:\\a.tmj", "x");
+  Start();
+  background.held = true;
+  Open(u"C:\\a.tmj");
+  EXPECT_EQ(Own(u"Previous Files", u"PreviousFilePath1"), u"") << "on its way";
+  editor.Unload();
+  EXPECT_EQ(Own(u"Previous Files", u"PreviousFilePath1"), u"C:\\a.tmj");
+}
+
 TEST_F(EndOrder, SettingsThatCannotBeWrittenEndTheSessionAllTheSame) {
   system.version = SystemVersion{2, 6, 2};
   files.AddFile(u"C:\\Host\\Info\\Syntax.rtf", "{\\rtf1 a}");

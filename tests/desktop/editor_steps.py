@@ -48,6 +48,11 @@ class EditorTest(DesktopTest):
     def own_ini(self, section, key):
         return harness.ini_value(self.app_file("WrenDeck.ini"), section, key)
 
+    def recent_files(self, editor):
+        """The paths that the File menu shows, of the commands from 2001 on."""
+        items = editor.menu_item("File")["items"]
+        return [plain(item["caption"]) for item in items if item["id"] > 2000]
+
     def wait_own_ini(self, section, key, expected):
         """The recent files are written in the background."""
         self.wait_equal(expected, lambda: self.own_ini(section, key), f"the setting {key}")

@@ -3,7 +3,7 @@
 import unittest
 
 import harness
-from editor_steps import EditorTest, enter, park, plain
+from editor_steps import EditorTest, enter, park
 from harness import windows_path
 
 YES_NO = ("Yes", "No")
@@ -18,10 +18,6 @@ class DocumentsTest(EditorTest):
         self.first = self.write_file("a.tmj", "BTN T1 a\r\n")
         self.second = self.write_file("b.tmj", "BTN T2 b\r\n")
         self.macros = self.write_file("c.tmm", "FIRE = x\r\n")
-
-    def recent_files(self, editor):
-        items = editor.menu_item("File")["items"]
-        return [plain(item["caption"]) for item in items if item["id"] > 2000]
 
     def wait_recent_files(self, editor, *paths):
         self.wait_equal([windows_path(path) for path in paths],

@@ -210,7 +210,7 @@ class Kills(EditorTest):
         name = self.random.choice(list(DOCUMENTS))
         self.edit(editor, name)
         self.wait_kept()
-        before = harness.read_ini(self.ini)
+        before = self.settled(editor)
         return Attack(lambda: editor.post(SAVE), [name], [before, recent_first(before, name)])
 
     def save_all(self, editor):
@@ -218,7 +218,7 @@ class Kills(EditorTest):
         for name in names:
             self.edit(editor, name)
         self.wait_kept()
-        settings = [harness.read_ini(self.ini)]
+        settings = [self.settled(editor)]
         for name in names:
             settings.append(recent_first(settings[-1], name))
         return Attack(lambda: editor.post(SAVE_ALL), names, settings)
@@ -236,18 +236,18 @@ class Kills(EditorTest):
         probe().ask("post", dialog.handle, harness.WM_COMMAND, IDOK, 0)
         question = editor.wait_window(harness.DIALOG, "OK to overwrite exisiting file?")
         self.new[TARGET] = self.new[name]
-        before = harness.read_ini(self.ini)
+        before = self.settled(editor)
         return Attack(lambda: probe().ask("post", question.handle, harness.WM_COMMAND, IDYES, 0),
                       [TARGET], [before, recent_first(before, TARGET)])
 
     def open_recent(self, editor):
-        before = harness.read_ini(self.ini)
+        before = self.settled(editor)
         name = self.random.choice(list(DOCUMENTS))
-        id = self.recent_id(name)
+        id = self.recent_id(editor, name)
         return Attack(lambda: editor.post(id), [], [before, recent_first(before, name)])
 
     def exit(self, editor):
-        before = harness.read_ini(self.ini)
+        before = self.settled(editor)
         ticked = before["Miscellaneous"]["enablejoystick"] == "1"
         editor.post(ENABLE_AFTER_DOWNLOAD)
         self.wait_equal(not ticked,
@@ -264,14 +264,20 @@ class Kills(EditorTest):
         editor.wait_main_shown("Editor")
         return editor
 
-    def recent_id(self, name):
-        entries = harness.read_ini(self.ini)[RECENT]
-        return FIRST_RECENT - 1 + next(
-            number for number in range(1, len(entries))
-            if entries[f"previousfilepath{number}"].endswith("\\" + name))
+    def settled(self, editor):
+        """The settings, once the recent files that the menu shows are on disk."""
+        shown = steady(lambda: self.recent_files(editor))
+        self.wait_equal(recent(shown), lambda: harness.read_ini(self.ini)[RECENT],
+                        "the recent files to be written")
+        return harness.read_ini(self.ini)
+
+    def recent_id(self, editor, name):
+        shown = steady(lambda: self.recent_files(editor))
+        return FIRST_RECENT + next(number for number, path in enumerate(shown)
+                                   if path.endswith("\\" + name))
 
     def open_document(self, editor, name):
-        editor.post(self.recent_id(name))
+        editor.post(self.recent_id(editor, name))
         self.wait_equal(name, editor.selected_tab, "the document to be opened")
 
     def edit(self, editor, name):

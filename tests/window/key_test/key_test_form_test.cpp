@@ -193,10 +193,15 @@ TEST_F(KeyTestFormTest, HelpIsNotCalled) {
 
 TEST_F(KeyTestFormTest, CapsLockIsOffAgainAfterEachPress) {
   Open();
-  Press({VK_CAPITAL});
-  Settle();
-  EXPECT_FALSE(keyboard.IsOn(ToggleKey::kCapsLock));
-  EXPECT_EQ(EventLines(), u"Down: 20\r\nUp: 20\r\n");
+  // Twice: what the form turns off is its own view of the key. The system's, from which other
+  // windows take theirs, is left as it was only by a second press.
+  std::u16string lines;
+  for (int press = 0; press < 2; ++press) {
+    Press({VK_CAPITAL});
+    Settle();
+    EXPECT_FALSE(keyboard.IsOn(ToggleKey::kCapsLock));
+    EXPECT_EQ(EventLines(), lines += u"Down: 20\r\nUp: 20\r\n");
+  }
 }
 
 TEST_F(KeyTestFormTest, TheNumLockLampFollowsItsKey) {

@@ -409,6 +409,7 @@ class Program:
         self._mark = f"{log.parent}:{os.getpid()}:{time.monotonic_ns()}"
         self._main = None
         self._known = set()  # windows that have had the display's keyboard
+        self._log = log
         with open(log, "ab") as output:
             # pylint: disable-next=consider-using-with  # ends in wait_end() or end()
             self._process = subprocess.Popen(
@@ -429,7 +430,9 @@ class Program:
     def wait_window(self, kind=None, title=None, seconds=PATIENCE):
         def look():
             if not self.is_running():
-                raise AssertionError(f"{self.executable.name} ended with {self._process.returncode}")
+                raise AssertionError(
+                    f"{self.executable.name} ended with {self._process.returncode}; it wrote: "
+                    + repr(self._log.read_text(errors="replace")))
             return next((window for window in self.windows()
                          if (kind is None or window.kind == kind)
                          and (title is None or window.title == title)), None)

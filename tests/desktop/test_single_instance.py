@@ -1,10 +1,14 @@
 """The setting by which a second start hands its file to the editor that runs already."""
 
+import time
+
 import harness
 from editor_steps import EditorTest, park, set_ini_value
 from harness import wait_for, windows_path
 
 ALREADY_OPEN = "File already open"
+ATTEMPTS = 10
+SOON_ENOUGH = 5  # seconds
 
 
 class OneEditor(EditorTest):
@@ -18,6 +22,26 @@ class OneEditor(EditorTest):
 
     def hand_over(self, *files, directory=None):
         self.assertEqual(0, self.start_again(*files, directory=directory).wait_end())
+
+    def start_while_asked(self, editor, title, file):
+        """A second start that waits for the answer to the first editor's box, and that box.
+
+        Its patience ends after eight seconds. When the machine was too slow for an answer within
+        them, all is done again.
+        """
+        for _ in range(ATTEMPTS):
+            editor.close()
+            box = editor.wait_dialog(title)
+            started = time.monotonic()
+            waiting = self.start_again(file)
+            editor.wait_keyboard(box)
+            if time.monotonic() - started < SOON_ENOUGH:
+                self.assertTrue(waiting.is_running())
+                return waiting, box
+            waiting.end()
+            editor.wait_keyboard(box)
+            box.press("Cancel")
+        raise AssertionError(f"{ATTEMPTS} times too slow for the second start's patience")
 
     def editors(self):
         return [window for window in harness.probe().ask("windows")
@@ -69,20 +93,14 @@ class OneEditor(EditorTest):
 
         # While a box is open nothing is opened behind it, and nothing is lost.
         editor.type("x")
-        editor.close()
-        box = editor.wait_dialog("Save near.tmj?")
-        waiting = self.start_again(windows_path(self.write_file("late.tmj", "BTN S3 C\r\n")))
-        editor.wait_keyboard(box)
-        self.assertTrue(waiting.is_running())
+        late = windows_path(self.write_file("late.tmj", "BTN S3 C\r\n"))
+        waiting, box = self.start_while_asked(editor, "Save near.tmj?", late)
         box.press("Cancel")
         self.assertEqual(0, waiting.wait_end())
         self.wait_selected(editor, "late.tmj")
 
         # When the first one ends instead, the second start opens the file in an editor of its own.
-        editor.close()
-        box = editor.wait_dialog("Save near.tmj?")
-        waiting = self.start_again(windows_path(second))
-        editor.wait_keyboard(box)
+        waiting, box = self.start_while_asked(editor, "Save near.tmj?", windows_path(second))
         box.press("No")
         self.assertEqual(0, editor.wait_end())
         waiting.wait_main("Editor")

@@ -549,6 +549,9 @@ class QuickHelp(WindowTest):
                              for window in self.editor.windows()), "quick help to go with it")
         harness.xdotool("windowactivate", *self.display_window("Wren Deck"))
         wait_for(lambda: not self.editor.main.minimised, "the main window to come back")
+        # The display gives it the keys a moment later, and would take them from quick help again.
+        wait_for(lambda: (harness.window_with_keys() or ("", ""))[1] == main.title,
+                 "the display to give the main window the keys")
         self.wait_front(main)
         window = self.open()
         self.assertFalse(window.minimised)

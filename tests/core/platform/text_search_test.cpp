@@ -1,5 +1,6 @@
 #include "platform/text_search.h"
 
+#include <algorithm>
 #include <chrono>
 #include <random>
 #include <string>
@@ -123,10 +124,16 @@ TEST(TextSearch, FindsTheSameInEveryTextThatItIsGiven) {
 TEST(FindInText, TakesTimeInProportionToTheTextForPatternsThatAlmostFit) {
   const std::u16string text(1'000'000, u'a');
   const std::u16string pattern = std::u16string(10'000, u'a') + u'b';
-  const auto start = std::chrono::steady_clock::now();
-  EXPECT_EQ(FindInText(text, pattern, 0, kAll, 0), -1);
-  EXPECT_EQ(FindInText(text, std::u16string(10'000, u'a'), 0, kAll, kFindWholeWord), -1);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(2));
+  constexpr auto kPatience = std::chrono::seconds(2);
+  auto best = std::chrono::steady_clock::duration::max();
+  // Other programs may keep the processor for a while, but not each time.
+  for (int attempt = 0; attempt < 5 && best >= kPatience; ++attempt) {
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_EQ(FindInText(text, pattern, 0, kAll, 0), -1);
+    EXPECT_EQ(FindInText(text, std::u16string(10'000, u'a'), 0, kAll, kFindWholeWord), -1);
+    best = std::min(best, std::chrono::steady_clock::now() - start);
+  }
+  EXPECT_LT(best, kPatience);
 }
 
 }  // namespace

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <cstdlib>
 #include <memory>
 #include <vector>
 
@@ -9,8 +10,6 @@ namespace deck {
 namespace {
 
 constexpr DWORD kLongestValue = 32768;
-// Stands for "no such key": no value that a person types into a control file.
-constexpr char kAbsent[] = "\x01";
 
 struct CloseFile {
   void operator()(HANDLE file) const { CloseHandle(file); }
@@ -53,6 +52,13 @@ std::wstring CurrentDirectory() {
   std::wstring directory(GetCurrentDirectoryW(0, nullptr), L'\0');
   directory.resize(GetCurrentDirectoryW(static_cast<DWORD>(directory.size()), directory.data()));
   return directory;
+}
+
+std::string Folded(std::string text) {
+  for (char& character : text) {
+    if (character >= 'A' && character <= 'Z') character = static_cast<char>(character + 'a' - 'A');
+  }
+  return text;
 }
 
 std::wstring ShowStyle() {
@@ -105,19 +111,32 @@ bool WriteWholeFile(const std::wstring& path, std::string_view bytes) {
   return WriteAll(Open(path, GENERIC_WRITE, CREATE_ALWAYS), bytes);
 }
 
-ControlFile::ControlFile()
-    : path_(ToCodePage(ProgramDirectory() + ProgramName() + L".control.ini")) {}
-
-std::optional<std::string> ControlFile::Text(const char* key) const {
-  std::string value(kLongestValue, '\0');
-  value.resize(GetPrivateProfileStringA("Control", key, kAbsent, value.data(), kLongestValue,
-                                        path_.c_str()));
-  if (value == kAbsent) return std::nullopt;
-  return value;
+ControlFile::ControlFile() {
+  const std::string path = ToCodePage(ProgramDirectory() + ProgramName() + L".control.ini");
+  const auto read = [&path](const char* key) {
+    std::string value(kLongestValue, '\0');
+    value.resize(
+        GetPrivateProfileStringA("Control", key, "", value.data(), kLongestValue, path.c_str()));
+    return value;
+  };
+  // Without a key the profile functions give the names of all keys, each with a NUL behind it.
+  const std::string keys = read(nullptr);
+  for (std::size_t start = 0; start < keys.size();) {
+    const std::string key = keys.c_str() + start;
+    values_[Folded(key)] = read(key.c_str());
+    start += key.size() + 1;
+  }
 }
 
-int ControlFile::Number(const char* key, int absent) const {
-  return static_cast<int>(GetPrivateProfileIntA("Control", key, absent, path_.c_str()));
+std::optional<std::string> ControlFile::Text(const std::string& key) const {
+  const auto found = values_.find(Folded(key));
+  if (found == values_.end()) return std::nullopt;
+  return found->second;
+}
+
+int ControlFile::Number(const std::string& key, int absent) const {
+  const std::string value = Text(key).value_or("");
+  return value.empty() ? absent : static_cast<int>(std::strtoll(value.c_str(), nullptr, 10));
 }
 
 void AppendRunRecord(const std::wstring& file) {

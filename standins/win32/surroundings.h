@@ -5,6 +5,7 @@
 // the control file, which each main function reads once at its start.
 
 #include <cstddef>
+#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -27,20 +28,22 @@ namespace deck {
 // Replaces the file's contents in one write; false when that fails.
 [[nodiscard]] bool WriteWholeFile(const std::wstring& path, std::string_view bytes);
 
-// Section "Control" of <program>.control.ini beside the program. A missing file has no keys.
+// Section "Control" of <program>.control.ini beside the program, as it is when this is made: what a
+// test writes for the next start does not reach a program that still runs. A missing file has no
+// keys.
 class ControlFile {
  public:
   ControlFile();
 
-  // The value as the profile functions give it; nothing when the key is absent. An empty value is
-  // there, so a test can ask for an empty text.
-  [[nodiscard]] std::optional<std::string> Text(const char* key) const;
-  // The value as a number; `absent` when the key is absent.
-  [[nodiscard]] int Number(const char* key, int absent) const;
-  [[nodiscard]] bool IsSet(const char* key) const { return Number(key, 0) != 0; }
+  // The value as the profile functions give it, of a key in any case; nothing when the key is
+  // absent. An empty value is there, so a test can ask for an empty text.
+  [[nodiscard]] std::optional<std::string> Text(const std::string& key) const;
+  // The value as a decimal number, 0 for a text; `absent` when the key is absent or empty.
+  [[nodiscard]] int Number(const std::string& key, int absent) const;
+  [[nodiscard]] bool IsSet(const std::string& key) const { return Number(key, 0) != 0; }
 
  private:
-  std::string path_;
+  std::map<std::string, std::string> values_;
 };
 
 // Appends to the file one UTF-8 block: the command line as the system holds it, the current

@@ -244,6 +244,14 @@ int KeyLogBox::RowsIn(const RECT& client) const {
   return std::max<int>(client.bottom / rowHeight_, 1);
 }
 
+int KeyLogBox::LastTop(const RECT& client) const {
+  return std::max(log_.LineCount() - RowsIn(client), 0);
+}
+
+int KeyLogBox::LastLeft(const RECT& client) const {
+  return std::max<int>(widest_ - client.right, 0);
+}
+
 void KeyLogBox::OnPaint(HWND window) {
   RECT client = ClientOf(window);
   if (toEnd_) top_ = log_.LineCount();
@@ -261,8 +269,8 @@ void KeyLogBox::OnPaint(HWND window) {
 
 void KeyLogBox::ShowScrollBars(const RECT& client) {
   const int rows = RowsIn(client);
-  top_ = std::clamp(top_, 0, std::max(log_.LineCount() - rows, 0));
-  left_ = std::clamp<int>(left_, 0, std::max<int>(widest_ - client.right, 0));
+  top_ = std::clamp(top_, 0, LastTop(client));
+  left_ = std::clamp(left_, 0, LastLeft(client));
   // A bar that comes and goes would move the lines.
   SetScrollBar(window_, SB_VERT, log_.LineCount(), rows, top_, SIF_DISABLENOSCROLL);
   SetScrollBar(window_, SB_HORZ, widest_, client.right, left_, 0);
@@ -303,8 +311,14 @@ void KeyLogBox::PaintLine(HDC context, int line, const RECT& row) {
 
 // ---- Scrolling.
 
+// Several requests may come before the box is painted: none counts further than the text goes.
 void KeyLogBox::ScrollTo(int line) {
-  top_ = line;
+  top_ = std::clamp(line, 0, LastTop(ClientOf(window_)));
+  Invalidate();
+}
+
+void KeyLogBox::ScrollSideways(int left) {
+  left_ = std::clamp(left, 0, LastLeft(ClientOf(window_)));
   Invalidate();
 }
 
@@ -332,34 +346,27 @@ void KeyLogBox::OnVerticalScroll(int request) {
 }
 
 void KeyLogBox::OnHorizontalScroll(int request) {
+  const int step = ScaleToDpi(kScrollStep, dpi_);
   const int page = ClientOf(window_).right;
   switch (request) {
     case SB_LINELEFT:
-      left_ -= ScaleToDpi(kScrollStep, dpi_);
-      break;
+      return ScrollSideways(left_ - step);
     case SB_LINERIGHT:
-      left_ += ScaleToDpi(kScrollStep, dpi_);
-      break;
+      return ScrollSideways(left_ + step);
     case SB_PAGELEFT:
-      left_ -= page;
-      break;
+      return ScrollSideways(left_ - page);
     case SB_PAGERIGHT:
-      left_ += page;
-      break;
+      return ScrollSideways(left_ + page);
     case SB_LEFT:
-      left_ = 0;
-      break;
+      return ScrollSideways(0);
     case SB_RIGHT:
-      left_ = widest_;
-      break;
+      return ScrollSideways(widest_);
     case SB_THUMBTRACK:
     case SB_THUMBPOSITION:
-      left_ = ThumbPosition(window_, SB_HORZ);
-      break;
+      return ScrollSideways(ThumbPosition(window_, SB_HORZ));
     default:
       return;
   }
-  Invalidate();
 }
 
 void KeyLogBox::OnWheel(int delta) {

@@ -80,8 +80,11 @@ class KeyLogBox {
 
   void ShowScrollBars(const RECT& client);
   void ScrollTo(int line);
-  int LineAt(int y) const;  // as if lines went on above the first and below the last
+  void ScrollSideways(int left);  // pixels
+  int LineAt(int y) const;        // as if lines went on above the first and below the last
   int RowsIn(const RECT& client) const;
+  int LastTop(const RECT& client) const;
+  int LastLeft(const RECT& client) const;
   bool IsSelected(int line) const;
   COLORREF TextColour() const;
   void Invalidate();

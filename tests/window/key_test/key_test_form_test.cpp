@@ -396,6 +396,32 @@ TEST_F(KeyTestFormTest, TheNewestLineIsAlwaysInView) {
   EXPECT_EQ(ScrollOf(Events(), SB_VERT).nPos, 0);
 }
 
+TEST_F(KeyTestFormTest, ScrollingPastAnEndBeforeItIsPaintedIsNotCounted) {
+  Open();
+  for (int line = 0; line < 500; ++line) form.Append(KeyBox::kEvents, std::u16string(2000, u'x'));
+  Settle();
+  const auto scroll = [this](UINT message, int past, int back) {
+    for (int request = 0; request < 5; ++request) {
+      SendMessageW(Events(), message, static_cast<WPARAM>(past), 0);
+    }
+    SendMessageW(Events(), message, static_cast<WPARAM>(back), 0);
+    Settle();
+    return ScrollOf(Events(), message == WM_VSCROLL ? SB_VERT : SB_HORZ);
+  };
+  SCROLLINFO place = scroll(WM_VSCROLL, SB_PAGEDOWN, SB_LINEUP);
+  EXPECT_EQ(place.nPos, 500 - static_cast<int>(place.nPage) - 1);
+  SendMessageW(Events(), WM_VSCROLL, SB_TOP, 0);
+  place = scroll(WM_VSCROLL, SB_PAGEUP, SB_LINEDOWN);
+  EXPECT_EQ(place.nPos, 1);
+  const int step = scroll(WM_HSCROLL, SB_PAGELEFT, SB_LINERIGHT).nPos;
+  EXPECT_GT(step, 0);
+  place = scroll(WM_HSCROLL, SB_RIGHT, SB_LINELEFT);
+  const int beforeLast = place.nPos;
+  SendMessageW(Events(), WM_HSCROLL, SB_RIGHT, 0);
+  Settle();
+  EXPECT_EQ(ScrollOf(Events(), SB_HORZ).nPos, beforeLast + step);
+}
+
 TEST_F(KeyTestFormTest, LongLinesAreReachedSideways) {
   Open();
   form.Append(KeyBox::kNames, std::u16string(2000, u'x'));

@@ -157,6 +157,11 @@ def window_with_keys():
     return (int(lines[0]), lines[1]) if answer.returncode == 0 and lines[0].isdigit() else None
 
 
+def title_with_keys():
+    """Of the window that the display sends keys to; empty when it sends them to none."""
+    return (window_with_keys() or ("", ""))[1]
+
+
 def move(x, y):
     xdotool("mousemove", x, y)
 
@@ -384,7 +389,7 @@ class Window:
 
     def enter_file(self, path):
         """Types the name of a file into a file dialog, which has the focus there when it opens."""
-        wait_for(lambda: self.is_foreground() and (window_with_keys() or ("", ""))[1] == self.title,
+        wait_for(lambda: self.is_foreground() and title_with_keys() == self.title,
                  f"\"{self.title}\" to have the keyboard")
         press_keys("ctrl+a")
         type_text(str(path))

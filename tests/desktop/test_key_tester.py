@@ -130,7 +130,7 @@ class KeyTester(EditorTest):
         harness.xdotool("search", "--onlyvisible", "--name", f"^{re.escape(title)}$",
                         "windowactivate")
         wait_for(lambda: self.editor.main.is_foreground()
-                 and harness.window_with_keys()[1] == title, "the keyboard in the main window")
+                 and harness.title_with_keys() == title, "the keyboard in the main window")
 
     def return_to_tester(self):
         self.editor.key("F6")

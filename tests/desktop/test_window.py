@@ -550,7 +550,7 @@ class QuickHelp(WindowTest):
         harness.xdotool("windowactivate", *self.display_window("Wren Deck"))
         wait_for(lambda: not self.editor.main.minimised, "the main window to come back")
         # The display gives it the keys a moment later, and would take them from quick help again.
-        wait_for(lambda: (harness.window_with_keys() or ("", ""))[1] == main.title,
+        wait_for(lambda: harness.title_with_keys() == main.title,
                  "the display to give the main window the keys")
         self.wait_front(main)
         window = self.open()

@@ -2,7 +2,7 @@
 // docs/key_tester.md has them from.
 //
 // A busy machine keeps every program waiting. What is asserted by the clock is therefore the best
-// of several attempts, and an answer may also take some times as long as that of a window that does
+// of several attempts, and an answer may also take twice as long as that of a window that does
 // nothing at all; the sharper bound is the processor's time. Which lines are logged, and in which
 // order, is asserted in each attempt.
 #include <windows.h>
@@ -27,7 +27,7 @@ constexpr int kBurstEvents = 1000;    // within a second
 constexpr double kPromptAnswer = 50;  // milliseconds
 // From the last key of a burst to its line: what nobody takes for a delay.
 constexpr double kPromptLine = 250;      // milliseconds
-constexpr double kTimesBare = 4;         // as slow as a bare window, on a busy machine
+constexpr double kTimesBare = 2;         // as slow as a bare window, on a busy machine
 constexpr double kBurstProcessor = 500;  // milliseconds, half of the burst's second
 constexpr int kCharactersOfAPress = 16;  // "Down: x" and "Up: x" with their line breaks
 

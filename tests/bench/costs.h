@@ -1,21 +1,13 @@
 // Times of single actions under Windows, in milliseconds.
 #pragma once
 
-#include <windows.h>
-
 #include <algorithm>
 #include <functional>
 #include <vector>
 
-namespace deck {
+#include "tests/contract/win32/clocks.h"
 
-inline double Milliseconds() {
-  LARGE_INTEGER now{};
-  LARGE_INTEGER frequency{};
-  QueryPerformanceCounter(&now);
-  QueryPerformanceFrequency(&frequency);
-  return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
+namespace deck {
 
 inline double CostOf(const std::function<void()>& action) {
   const double start = Milliseconds();

@@ -30,6 +30,7 @@
 #include "tests/bench/bench_session.h"
 #include "tests/bench/bench_texts.h"
 #include "tests/bench/costs.h"
+#include "tests/contract/win32/clocks.h"
 
 namespace deck {
 namespace {
@@ -227,20 +228,6 @@ class Agreeing {
   std::thread thread_;
 };
 
-// Of this thread, in milliseconds; in steps of ten on some systems.
-double ProcessorTime() {
-  FILETIME created{};
-  FILETIME ended{};
-  FILETIME kernel{};
-  FILETIME user{};
-  GetThreadTimes(GetCurrentThread(), &created, &ended, &kernel, &user);
-  const auto milliseconds = [](const FILETIME& time) {
-    return static_cast<double>((ULONGLONG{time.dwHighDateTime} << 32) | time.dwLowDateTime) /
-           10'000;
-  };
-  return milliseconds(kernel) + milliseconds(user);
-}
-
 // Statements that the compiler takes, as many as its memory holds, and comments up to kLines; the
 // last line is `last`.
 std::u16string SoakText(const std::u16string& macroFile, const std::u16string& last) {
@@ -328,13 +315,13 @@ class User {
   }
   // Until the program has nothing left to do.
   void Settle(const char* step) {
-    const double busyBefore = ProcessorTime();
+    const double busyBefore = ProcessorMilliseconds();
     const double took = session_.Pump();
     StepCost& cost = costs_[step];
     ++cost.times;
     cost.all += took;
     cost.longest = std::max(cost.longest, took);
-    cost.busiest = std::max(cost.busiest, ProcessorTime() - busyBefore);
+    cost.busiest = std::max(cost.busiest, ProcessorMilliseconds() - busyBefore);
     if (took > 100) ++cost.late;
   }
   void Do(const char* step, CommandId command) {

@@ -3,7 +3,7 @@
 //
 // A busy machine keeps every program waiting. What is asserted by the clock is therefore the best
 // of several attempts, and an answer may also take twice as long as that of a window that does
-// nothing at all; the sharper bound is the processor's time. Which lines are logged, and in which
+// nothing at all; the processor's time is bound besides. Which lines are logged, and in which
 // order, is asserted in each attempt.
 #include <windows.h>
 
@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "platform/strings.h"
+#include "tests/contract/win32/clocks.h"
 #include "tests/window/key_test/key_test_fixture.h"
 
 namespace deck {
@@ -26,31 +27,12 @@ constexpr int kAttempts = 5;
 constexpr int kBurstEvents = 1000;    // within a second
 constexpr double kPromptAnswer = 50;  // milliseconds
 // From the last key of a burst to its line: what nobody takes for a delay.
-constexpr double kPromptLine = 250;      // milliseconds
-constexpr double kTimesBare = 2;         // as slow as a bare window, on a busy machine
-constexpr double kBurstProcessor = 500;  // milliseconds, half of the burst's second
-constexpr int kCharactersOfAPress = 16;  // "Down: x" and "Up: x" with their line breaks
-
-double Milliseconds() {
-  LARGE_INTEGER now{};
-  LARGE_INTEGER frequency{};
-  QueryPerformanceCounter(&now);
-  QueryPerformanceFrequency(&frequency);
-  return 1000.0 * static_cast<double>(now.QuadPart) / static_cast<double>(frequency.QuadPart);
-}
-
-// That this thread has had, in milliseconds; it grows in steps of ten and more.
-double ProcessorMilliseconds() {
-  FILETIME created{};
-  FILETIME exited{};
-  FILETIME kernel{};
-  FILETIME user{};
-  GetThreadTimes(GetCurrentThread(), &created, &exited, &kernel, &user);
-  const auto hundredNanoseconds = [](FILETIME time) {
-    return static_cast<double>(ULARGE_INTEGER{{time.dwLowDateTime, time.dwHighDateTime}}.QuadPart);
-  };
-  return (hundredNanoseconds(kernel) + hundredNanoseconds(user)) / 10'000;
-}
+constexpr double kPromptLine = 250;  // milliseconds
+constexpr double kTimesBare = 2;     // as slow as a bare window, on a busy machine
+// Drawing when no key waits may take all that the keys leave of their second, and does on an idle
+// machine. Drawing each line as it comes takes many seconds.
+constexpr double kBurstProcessor = 2000;  // milliseconds
+constexpr int kCharactersOfAPress = 16;   // "Down: x" and "Up: x" with their line breaks
 
 // Asks the window again and again, as another program would, while it lives. To be stopped by the
 // window's own thread, which has to go on answering until then.
@@ -193,7 +175,10 @@ class KeyTestBurstTest : public KeyTestWindowFixture {
     BurstTimes best = BurstIntoTheForm();
     double allowedAnswer = kPromptAnswer;
     double allowedLag = kPromptLine;
-    const auto inTime = [&] { return best.slowest < allowedAnswer && best.lag < allowedLag; };
+    const auto inTime = [&] {
+      return best.slowest < allowedAnswer && best.lag < allowedLag &&
+             best.processor < kBurstProcessor;
+    };
     for (int attempt = 1; attempt < kAttempts && !inTime(); ++attempt) {
       const BurstTimes bare = BurstIntoABareWindow();
       allowedAnswer = std::max(allowedAnswer, kPromptAnswer + kTimesBare * bare.slowest);

@@ -180,7 +180,7 @@ LRESULT KeyLogBox::Handle(HWND window, UINT message, WPARAM wParam, LPARAM lPara
       return 0;
     case WM_SIZE:
       // The end stays in view when it was.
-      toEnd_ = toEnd_ || top_ + RowsIn(ClientOf(window)) >= log_.LineCount();
+      toEnd_ = toEnd_ || top_ + shownRows_ >= log_.LineCount();
       Invalidate();
       return 0;
     case WM_GETTEXT:
@@ -253,11 +253,8 @@ int KeyLogBox::LastLeft(const RECT& client) const {
 }
 
 void KeyLogBox::OnPaint(HWND window) {
-  RECT client = ClientOf(window);
-  if (toEnd_) top_ = log_.LineCount();
-  toEnd_ = false;
-  ShowScrollBars(client);
-  client = ClientOf(window);  // a scroll bar may have come or gone
+  ShowScrollBars(window);
+  const RECT client = ClientOf(window);
   PAINTSTRUCT paint{};
   const HDC context = BeginPaint(window, &paint);
   isInvalid_ = false;
@@ -267,13 +264,20 @@ void KeyLogBox::OnPaint(HWND window) {
   EndPaint(window, &paint);
 }
 
-void KeyLogBox::ShowScrollBars(const RECT& client) {
-  const int rows = RowsIn(client);
-  top_ = std::clamp(top_, 0, LastTop(client));
-  left_ = std::clamp(left_, 0, LastLeft(client));
-  // A bar that comes and goes would move the lines.
-  SetScrollBar(window_, SB_VERT, log_.LineCount(), rows, top_, SIF_DISABLENOSCROLL);
-  SetScrollBar(window_, SB_HORZ, widest_, client.right, left_, 0);
+void KeyLogBox::ShowScrollBars(HWND window) {
+  RECT client = ClientOf(window);
+  LONG height = 0;
+  do {
+    height = client.bottom;
+    if (std::exchange(toEnd_, false)) top_ = log_.LineCount();
+    shownRows_ = RowsIn(client);
+    top_ = std::clamp(top_, 0, LastTop(client));
+    left_ = std::clamp(left_, 0, LastLeft(client));
+    // A bar that comes and goes would move the lines.
+    SetScrollBar(window, SB_VERT, log_.LineCount(), shownRows_, top_, SIF_DISABLENOSCROLL);
+    SetScrollBar(window, SB_HORZ, widest_, client.right, left_, 0);
+    client = ClientOf(window);
+  } while (client.bottom != height);  // the bar below may have come or gone
 }
 
 void KeyLogBox::PaintLines(HDC context, const RECT& client) {

@@ -78,7 +78,7 @@ class KeyLogBox {
   void OnDrag(POINT where);
   LRESULT GetText(WPARAM room, LPARAM buffer) const;
 
-  void ShowScrollBars(const RECT& client);
+  void ShowScrollBars(HWND window);
   void ScrollTo(int line);
   void ScrollSideways(int left);  // pixels
   int LineAt(int y) const;        // as if lines went on above the first and below the last
@@ -97,6 +97,7 @@ class KeyLogBox {
   KeyLog log_;
   std::optional<Selection> selection_;
   int top_ = 0;             // the first line that shows, from 0
+  int shownRows_ = 1;       // lines for which there was room when it was last drawn
   int left_ = 0;            // pixels that the lines are moved to the left
   int widest_ = 0;          // pixels, of the lines drawn so far
   bool toEnd_ = false;      // the newest line comes into view with the next drawing

@@ -396,6 +396,51 @@ TEST_F(KeyTestFormTest, TheNewestLineIsAlwaysInView) {
   EXPECT_EQ(ScrollOf(Events(), SB_VERT).nPos, 0);
 }
 
+TEST_F(KeyTestFormTest, TheNewestLineStaysInViewAtEverySize) {
+  Open();
+  for (int line = 0; line < 500; ++line) form.Append(KeyBox::kEvents, u"line");
+  Settle();
+  RECT place{};
+  GetWindowRect(form.Handle(), &place);
+  const auto resize = [&](LONG taller) {
+    SetWindowPos(form.Handle(), nullptr, 0, 0, place.right - place.left,
+                 place.bottom - place.top + taller, SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+    Settle();
+    return ScrollOf(Events(), SB_VERT);
+  };
+  const UINT page = ScrollOf(Events(), SB_VERT).nPage;
+  SCROLLINFO scroll = resize(100);
+  EXPECT_GT(scroll.nPage, page);
+  EXPECT_EQ(scroll.nPos + static_cast<int>(scroll.nPage), 500);
+  scroll = resize(0);
+  EXPECT_EQ(scroll.nPage, page);
+  EXPECT_EQ(scroll.nPos + static_cast<int>(scroll.nPage), 500);
+  SendMessageW(Events(), WM_VSCROLL, SB_TOP, 0);
+  SendMessageW(Events(), WM_VSCROLL, SB_PAGEDOWN, 0);
+  Settle();
+  const int first = ScrollOf(Events(), SB_VERT).nPos;
+  EXPECT_GT(first, 0);
+  EXPECT_EQ(resize(100).nPos, first) << "what is read stays where it is";
+  EXPECT_EQ(resize(0).nPos, first);
+}
+
+// The bar that comes with it takes the place of the last line.
+TEST_F(KeyTestFormTest, ANewestLineThatIsTooLongIsInViewAboveItsScrollBar) {
+  Open();
+  for (int line = 0; line < 500; ++line) form.Append(KeyBox::kEvents, u"line");
+  Settle();
+  const UINT page = ScrollOf(Events(), SB_VERT).nPage;
+  form.Append(KeyBox::kEvents, std::u16string(2000, u'x'));
+  Settle();
+  const SCROLLINFO scroll = ScrollOf(Events(), SB_VERT);
+  EXPECT_LT(scroll.nPage, page);
+  EXPECT_EQ(scroll.nPos + static_cast<int>(scroll.nPage), 501);
+  EXPECT_NE(GetWindowLongPtrW(Events(), GWL_STYLE) & WS_HSCROLL, 0);
+  form.Clear(KeyBox::kEvents);
+  Settle();
+  EXPECT_EQ(GetWindowLongPtrW(Events(), GWL_STYLE) & WS_HSCROLL, 0);
+}
+
 TEST_F(KeyTestFormTest, ScrollingPastAnEndBeforeItIsPaintedIsNotCounted) {
   Open();
   for (int line = 0; line < 500; ++line) form.Append(KeyBox::kEvents, std::u16string(2000, u'x'));

@@ -46,6 +46,14 @@ int LineBreaks(const std::u16string& text) {
   return static_cast<int>(std::ranges::count(text, u'\n'));
 }
 
+// Characters that every system's control holds as they are; what becomes of others, only it can
+// tell.
+bool IsHeldAsItIs(char16_t character) {
+  constexpr char16_t kFirstWrittenFromTheRight = 0x0590;
+  return character == u'\t' || character == u'\n' || (character >= 0x20 && character < 0x7F) ||
+         (character >= 0xA0 && character < kFirstWrittenFromTheRight);
+}
+
 LONG WidthOf(const RECT& place) {
   return place.right - place.left;
 }
@@ -65,7 +73,6 @@ RichEditBox::RichEditBox(EditBoxSettings& settings, HWND parent, int controlId, 
   receiver.files = settings.filesDropped;
   dropTarget_ = new EditDropTarget(std::move(receiver));
   SubclassWith(ParentProcedure, parent_, nullptr);
-  Attach(CreateRichEdit(parent_, controlId_, settings.place, font_.Get()));
   settings_.boxes.push_back(this);
 }
 
@@ -87,33 +94,40 @@ int RichEditBox::Length() const {
 
 void RichEditBox::Load(std::u16string_view text) {
   text_.Reset(BoxText(text));
-  if (control_ == nullptr) return;
-  const ScopeValue<bool> updating(updating_, true);
-  // The control would paint its empty self, its scroll bars and the text one after the other.
-  const PaintPause pause(control_);
-  if (ControlLength(control_) > 0) {
-    Rebuild();
-  } else {
-    Fill();
+  selection_ = {};
+  if (control_ != nullptr) {
+    const ScopeValue<bool> updating(updating_, true);
+    // The control would paint its empty self, its scroll bars and the text one after the other.
+    const PaintPause pause(control_);
+    if (ControlLength(control_) > 0) {
+      Rebuild();
+    } else {
+      Fill();
+    }
+    SelectInControl(control_, {});
+  } else if (!std::ranges::all_of(text_.text(), IsHeldAsItIs)) {
+    MakeControl();
   }
-  SelectInControl(control_, {});
+  if (control_ == nullptr) return;
   // A character that the system's control cannot hold must not shift the positions behind it.
   std::u16string shown = ControlText(control_);
   if (shown != text_.text()) text_.Reset(std::move(shown));
 }
 
 TextSpan RichEditBox::Selection() const {
-  return control_ != nullptr ? ControlSelection(control_) : TextSpan{};
+  return control_ != nullptr ? ControlSelection(control_) : selection_;
 }
 
 void RichEditBox::Select(TextSpan span) {
   text_.EndRun();
+  selection_ = Clamped(span, Length());
   if (control_ == nullptr) return;
-  SelectInControl(control_, Clamped(span, Length()));
+  SelectInControl(control_, selection_);
   SendMessageW(control_, EM_SCROLLCARET, 0, 0);
 }
 
 void RichEditBox::ReplaceSelection(std::u16string_view text) {
+  MakeControl();
   TakeOverWhatWasMissed();
   const TextSpan selection = Selection();
   std::u16string inserted = BoxText(text);
@@ -122,6 +136,7 @@ void RichEditBox::ReplaceSelection(std::u16string_view text) {
 }
 
 void RichEditBox::Apply(const std::vector<TextEdit>& edits) {
+  MakeControl();
   TakeOverWhatWasMissed();
   const std::vector<TextEdit> reduced = Reduced(text_.text(), edits);
   if (reduced.empty()) return;
@@ -142,6 +157,7 @@ void RichEditBox::Apply(const std::vector<TextEdit>& edits) {
 }
 
 void RichEditBox::ApplyStepByStep(const std::vector<TextEdit>& steps) {
+  MakeControl();
   TakeOverWhatWasMissed();
   const UndoableText::CarriedOut carriedOut = text_.ChangeStepByStep(steps);
   if (control_ != nullptr && carriedOut.caret) {
@@ -186,7 +202,10 @@ void RichEditBox::Place(const RECT& place) {
 }
 
 void RichEditBox::SetVisible(bool visible) {
-  if (visible) MoveToPlace();
+  if (visible) {
+    MakeControl();
+    MoveToPlace();
+  }
   if (std::exchange(visible_, visible) == visible || control_ == nullptr) return;
   if (visible) MakeReachable();
   // The system takes the focus from a window only when it is hidden by the other call.
@@ -207,6 +226,15 @@ void RichEditBox::RefreshFont() {
   FontHandle font = settings_.fonts.Make(dpi_);
   std::swap(font, font_);
   if (control_ != nullptr) Renew(PlaceInParent());
+}
+
+void RichEditBox::MakeControl() {
+  if (std::exchange(made_, true)) return;
+  const ScopeValue<bool> updating(updating_, true);
+  Attach(CreateRichEdit(parent_, controlId_, place_.value_or(settings_.place), font_.Get()));
+  if (control_ == nullptr || text_.Length() == 0) return;
+  Fill();
+  SelectInControl(control_, selection_);
 }
 
 void RichEditBox::Attach(HWND control) {

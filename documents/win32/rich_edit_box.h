@@ -7,7 +7,8 @@
 // So a view can be replaced by a new one at any time without a loss, and that is what happens when
 // a batch of edits is large: rich edit takes text quickly only while it is empty
 // (docs/rich_edit.md). Small batches change just their characters in the living control. Nothing
-// outside can tell which of the two was done.
+// outside can tell which of the two was done. For the same reason a box that has never been in view
+// has no control: most macro files are opened beside their joystick file and never looked at.
 //
 // What reaches the text otherwise (an input method, a program that sends messages) is noticed by
 // the control's change notification and taken over as one step.
@@ -79,7 +80,8 @@ class RichEditBox final : public EditBox {
 
   // In the parent; a box with text goes there when it is next visible.
   void Place(const RECT& place);
-  // Another one after each call that changes the text or the font.
+  // Null before the box is first in view or edited; another one after each call that changes the
+  // text or the font.
   HWND Window() const { return control_; }
   // The resolution at which the font is readable. Neither a change nor a step.
   void SetDpi(int dpi);
@@ -90,6 +92,7 @@ class RichEditBox final : public EditBox {
   static LRESULT ParentProcedure(void* unused, HWND window, UINT message, WPARAM wParam,
                                  LPARAM lParam);
 
+  void MakeControl();
   void Attach(HWND control);
   void MakeReachable();
   void MoveToPlace();
@@ -137,8 +140,10 @@ class RichEditBox final : public EditBox {
   bool reachable_ = false;  // MakeReachable was called for the present control
   Win32Clipboard clipboard_{[this] { return control_; }};
   UndoableText text_;
+  TextSpan selection_;         // while there is no control
   std::optional<RECT> place_;  // still to be taken
   std::bitset<256> pressed_;   // keys that went down in the box, by virtual-key code
+  bool made_ = false;          // there was a control; without one now, the parent has ended
   bool visible_ = false;
   bool updating_ = false;    // the control changes because this object changes it
   bool rebuilding_ = false;  // the focus goes from the old control to the new one

@@ -138,6 +138,7 @@ TEST_F(MainWindowTest, IsFoundByClassAndTitle) {
 
 TEST_F(MainWindowTest, ControlsHaveTheClassesThatScriptsLookFor) {
   const auto box = window.CreateEditBox({});
+  box->SetVisible(true);
   for (const ControlRow& row : kControls) {
     if (row.window != u"Editor" && row.window != u"FrameMacros") continue;
     const HWND parent = row.window == u"FrameMacros" ? Frame() : Handle();
@@ -578,6 +579,7 @@ HCURSOR PointerOver(HWND control) {
 TEST_F(MainWindowTest, PointerSaysOverEveryControlThatWorkGoesOn) {
   ShowWindowed();
   const std::unique_ptr<EditBox> box = window.CreateEditBox({});
+  box->SetVisible(true);
   window.PositionControls(300);
   const HCURSOR working = LoadCursorW(nullptr, IDC_APPSTARTING);
   const HWND controls[] = {Handle(),

@@ -50,8 +50,14 @@ class HeldKeys {
 
 RealEditBoxDriver::RealEditBoxDriver()
     : window_(SharedWindow()), box_(settings_, window_, kControlId, kDpi, Counting(events)) {
-  SetWindowPos(control(), nullptr, 10, 10, 500, 300, SWP_NOZORDER | SWP_NOACTIVATE);
+  settings_.place = {10, 10, 510, 310};
   SetFocus(window_);
+}
+
+LRESULT RealEditBoxDriver::Send(UINT message, WPARAM wParam, LPARAM lParam) {
+  // A box has its control when it is in view, and only then does a user reach it.
+  if (control() == nullptr) box_.SetVisible(true);
+  return SendMessageW(control(), message, wParam, lParam);
 }
 
 void RealEditBoxDriver::Type(std::u16string_view text) {

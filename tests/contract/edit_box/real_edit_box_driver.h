@@ -26,9 +26,7 @@ class RealEditBoxDriver {
 
   HWND window() const { return window_; }
   HWND control() const { return box_.Window(); }
-  LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) const {
-    return SendMessageW(control(), message, wParam, lParam);
-  }
+  LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0);
   // Presses and releases a key, with its character if it has one, while the modifiers are down.
   void Press(int key, std::initializer_list<int> modifiers = {});
   // Lets pending messages and painting happen.

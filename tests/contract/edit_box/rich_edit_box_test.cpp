@@ -554,28 +554,101 @@ TEST_F(RichEditBoxTest, LongTextArrivesAtTheWidthThatItKeeps) {
   EXPECT_EQ(width(), wide);
 }
 
-TEST_F(RichEditBoxTest, KeepsItsTextWhenTheParentIsDestroyed) {
-  const HWND parent = CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 100, 100, driver_.window(),
-                                      nullptr, nullptr, nullptr);
+// Most macro files are opened beside their joystick file and never looked at.
+TEST_F(RichEditBoxTest, HasNoControlBeforeItIsInView) {
   EventCounts counts;
-  RichEditBox orphan(driver_.settings(), parent, 5, 96, Counting(counts));
-  orphan.Load(u"text");
-  DestroyWindow(parent);
-  EXPECT_EQ(orphan.Window(), nullptr);
-  EXPECT_EQ(orphan.Text(), u"text");
-  EXPECT_EQ(orphan.Length(), 4);
-  orphan.SetVisible(true);
-  orphan.Focus();
-  orphan.Select({1, 1});
-  orphan.ReplaceSelection(u"x");
-  orphan.Apply({{{4, 1}, u"!"}});
-  orphan.RefreshFont();
-  EXPECT_EQ(orphan.Text(), u"xtex!");
-  orphan.Undo();
-  orphan.Undo();
-  EXPECT_EQ(orphan.Text(), u"text");
-  orphan.Load(u"other");
-  EXPECT_EQ(orphan.Text(), u"other");
+  RichEditBox hidden(driver_.settings(), driver_.window(), 6, 96, Counting(counts));
+  hidden.SetVisible(false);
+  hidden.Load(u"one\r\ntwo\tthree \u00FC\u0416");
+  hidden.Place({20, 30, 220, 130});
+  hidden.SetDpi(144);
+  hidden.Focus();
+  hidden.Select({100, 1});
+  EXPECT_EQ(hidden.Selection(), (TextSpan{16, 0}));
+  hidden.Select({4, 3});
+  hidden.Undo();
+  EXPECT_EQ(hidden.Window(), nullptr);
+  EXPECT_EQ(hidden.Text(), u"one\ntwo\tthree \u00FC\u0416");
+  EXPECT_EQ(hidden.Length(), 16);
+  EXPECT_EQ(hidden.Selection(), (TextSpan{4, 3}));
+  EXPECT_EQ(hidden.LineOf(5), 2);
+  EXPECT_EQ(hidden.StartOfLine(2), 4);
+  hidden.SetVisible(true);
+  ASSERT_NE(hidden.Window(), nullptr);
+  EXPECT_EQ(ControlText(hidden.Window()), u"one\ntwo\tthree \u00FC\u0416");
+  EXPECT_EQ(hidden.Selection(), (TextSpan{4, 3}));
+  EXPECT_TRUE(IsWindowVisible(hidden.Window()));
+  RECT place{};
+  GetWindowRect(hidden.Window(), &place);
+  MapWindowPoints(nullptr, driver_.window(), reinterpret_cast<POINT*>(&place), 2);
+  const RECT expected{20, 30, 220, 130};
+  EXPECT_TRUE(EqualRect(&place, &expected));
+  EXPECT_EQ(counts.changed, 0);
+  EXPECT_FALSE(hidden.CanUndo());
+  const HWND made = hidden.Window();
+  hidden.SetVisible(false);
+  EXPECT_EQ(hidden.Window(), made);
+}
+
+// What counts as the text is what the control makes of it.
+TEST_F(RichEditBoxTest, AsksTheControlAboutCharactersThatItMightNotHold) {
+  for (const std::u16string text :
+       {u"a\u000Bb", u"a\u0085b", u"a\u05D0b", u"a\u2028b", u"\xD800"}) {
+    RichEditBox hidden(driver_.settings(), driver_.window(), 6, 96, EditBox::Events{});
+    hidden.Load(text);
+    ASSERT_NE(hidden.Window(), nullptr);
+    EXPECT_EQ(hidden.Text(), ControlText(hidden.Window()));
+  }
+}
+
+TEST_F(RichEditBoxTest, AnEditMakesTheControl) {
+  using Edit = void (*)(RichEditBox&);
+  for (const Edit edit :
+       {Edit([](RichEditBox& box) { box.ReplaceSelection(u"x"); }), Edit([](RichEditBox& box) {
+          box.Apply({{{4, 3}, u"x"}});
+        }),
+        Edit([](RichEditBox& box) {
+          box.ApplyStepByStep({{{4, 3}, u"x"}});
+        })}) {
+    RichEditBox hidden(driver_.settings(), driver_.window(), 6, 96, EditBox::Events{});
+    hidden.Load(u"one\ntwo");
+    hidden.Select({4, 3});
+    edit(hidden);
+    ASSERT_NE(hidden.Window(), nullptr);
+    EXPECT_FALSE(IsWindowVisible(hidden.Window()));
+    EXPECT_EQ(ControlText(hidden.Window()), u"one\nx");
+    EXPECT_EQ(hidden.Selection(), ControlSelection(hidden.Window()));
+    hidden.Undo();
+    EXPECT_EQ(ControlText(hidden.Window()), u"one\ntwo");
+    EXPECT_EQ(hidden.Selection(), (TextSpan{4, 3}));
+  }
+}
+
+TEST_F(RichEditBoxTest, KeepsItsTextWhenTheParentIsDestroyed) {
+  for (const bool wasInView : {true, false}) {
+    const HWND parent = CreateWindowExW(0, L"STATIC", L"", WS_CHILD, 0, 0, 100, 100,
+                                        driver_.window(), nullptr, nullptr, nullptr);
+    EventCounts counts;
+    RichEditBox orphan(driver_.settings(), parent, 5, 96, Counting(counts));
+    orphan.Load(u"text");
+    if (wasInView) orphan.SetVisible(true);
+    DestroyWindow(parent);
+    EXPECT_EQ(orphan.Window(), nullptr);
+    EXPECT_EQ(orphan.Text(), u"text");
+    EXPECT_EQ(orphan.Length(), 4);
+    orphan.SetVisible(true);
+    orphan.Focus();
+    orphan.Select({1, 1});
+    orphan.ReplaceSelection(u"x");
+    orphan.Apply({{{4, 1}, u"!"}});
+    orphan.RefreshFont();
+    EXPECT_EQ(orphan.Text(), u"txxt!");
+    orphan.Undo();
+    orphan.Undo();
+    EXPECT_EQ(orphan.Text(), u"text");
+    orphan.Load(u"other");
+    EXPECT_EQ(orphan.Text(), u"other");
+  }
 }
 
 TEST_F(RichEditBoxTest, EndsWithoutATraceInItsParent) {
@@ -590,7 +663,9 @@ TEST_F(RichEditBoxTest, EndsWithoutATraceInItsParent) {
   auto second =
       std::make_unique<RichEditBox>(driver_.settings(), driver_.window(), 6, 96, EditBox::Events{});
   second->Load(NumberedLines(100));
+  second->SetVisible(true);
   const HWND window = second->Window();
+  EXPECT_TRUE(IsWindow(window));
   second.reset();
   EXPECT_FALSE(IsWindow(window));
   EXPECT_EQ(GetDlgItem(driver_.window(), 6), nullptr);

@@ -623,10 +623,24 @@ class DesktopTest(unittest.TestCase):
                 test()
             except unittest.SkipTest:
                 raise
-            except BaseException:
+            except BaseException as problem:
                 self.screenshot("failure")
+                problem.add_note(f"in view: {self._windows_in_view()}")
                 raise
         return types.MethodType(run, self)  # a plain function could not be asked for by its name
+
+    def _windows_in_view(self):
+        """What the test's own programs show, the texts of the main windows' status bars included."""
+        mine = windows_path(self.directory).lower()
+        try:
+            windows = [Window(facts) for facts in probe().ask("windows")
+                       if facts["visible"] and facts["program"].lower().startswith(mine)]
+            return [(window.kind, window.title,
+                     [panel["text"] for panel in window.child(kind="msctls_statusbar32").status()]
+                     if window.kind == "Editor" else [child.text for child in window.children()])
+                    for window in windows]
+        except (AssertionError, ProbeError, OSError) as problem:
+            return f"not known, {problem}"
 
     def setUp(self):
         lacking = missing_environment()

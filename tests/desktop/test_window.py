@@ -79,17 +79,23 @@ class WindowTest(EditorTest):
     def to_joystick_file(self):
         """Also brings the keys back to the text, wherever they were."""
         try:
-            wait_for(lambda: self.selected_after_click("wing.tmj"), "the joystick file's tab")
+            wait_for(lambda: self.is_in_the_text() or self.click_leads_to_the_text(),
+                     "the joystick file's tab")
         finally:
             park()
         self.wait_front(self.editor.main)
 
-    def selected_after_click(self, caption):
-        """A click that comes while a menu over the tab is still going from the screen is the menu's:
-        then the user clicks again."""
-        harness.click(*harness.middle(self.editor.tab_rect(caption)))
+    def is_in_the_text(self):
+        return (self.editor.selected_tab() == "wing.tmj"
+                and probe().ask("focus")["focus"] == self.editor.edit_box().handle)
+
+    def click_leads_to_the_text(self):
+        """Only where the click changes something: nobody could tell that another one has come, and
+        the display may keep it back while keys overtake it. One that comes while a menu over the tab
+        is still going from the screen is the menu's: then the user clicks again."""
+        harness.click(*harness.middle(self.editor.tab_rect("wing.tmj")))
         try:
-            wait_for(lambda: self.editor.selected_tab() == caption, caption, 3)
+            wait_for(self.is_in_the_text, "the joystick file", 3)
         except AssertionError:
             return False
         return True

@@ -288,12 +288,16 @@ class Kills(EditorTest):
 
     def wait_kept(self):
         """Waits until the unsaved texts are on disk, as they are two seconds after the last edit."""
+        def is_kept(name, text):
+            return any(text == kept and any(line.endswith("\\" + name) for line in header.splitlines())
+                       for header, kept in found)
+
         def kept():
-            found = [path.read_bytes().decode("utf-16").replace("\n", "\r\n")
-                     for path in self.app_file("Recovery").glob("*.txt")]
-            return all(any(part.endswith("\r\n\r\n" + text) for part in found) for text in texts)
-        texts = [data.decode(DOCUMENTS[name][1]).lstrip("\ufeff")
-                 for name, data in self.new.items()]
+            found[:] = [path.read_bytes().decode("utf-16").replace("\n", "\r\n").split("\r\n\r\n", 1)
+                        for path in self.app_file("Recovery").glob("*.txt")]
+            return all(is_kept(name, data.decode(DOCUMENTS[name][1]).lstrip("\ufeff"))
+                       for name, data in self.new.items())
+        found = []
         wait_for(kept, "the unsaved texts to be kept")
 
     def close(self, editor, tabs):

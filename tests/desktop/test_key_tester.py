@@ -558,7 +558,10 @@ class Settings(KeyTester):
         dialog = self.editor.wait_dialog("Font")
         self.assertFalse(is_enabled(self.editor.main), "no command may start behind the dialog")
         sizes = next(child for child in dialog.children(kind="ComboBox") if child.id == FONT_SIZES)
+        elsewhere = probe().ask("focus")["focus"]
         sizes.click()
+        # The window manager may keep the click back while keys overtake it.
+        wait_for(lambda: probe().ask("focus")["focus"] != elsewhere, "the keys in the list of sizes")
         harness.press_keys("ctrl+a")
         harness.type_text("24")
         dialog.press("OK")

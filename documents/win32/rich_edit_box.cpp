@@ -312,11 +312,13 @@ void RichEditBox::MoveToPlace() {
 }
 
 // What this uncovers, frames and scroll bars included, is painted with the next messages and not at
-// once and one after the other: that took longer than loading a short file.
+// once and one after the other: that took longer than loading a short file. Hiding a box would have
+// the frames of all that waits in the parent painted besides.
 void RichEditBox::SetPosition(const RECT& place, UINT flags) {
   const RECT before = PlaceInParent();
   SetWindowPos(control_, nullptr, place.left, place.top, place.right - place.left,
-               place.bottom - place.top, flags | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW);
+               place.bottom - place.top,
+               flags | SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOREDRAW | SWP_DEFERERASE);
   const RECT after = PlaceInParent();
   RECT changed{};
   UnionRect(&changed, &before, &after);

@@ -590,6 +590,31 @@ TEST_F(RichEditBoxTest, HasNoControlBeforeItIsInView) {
   EXPECT_EQ(hidden.Window(), made);
 }
 
+// Painting a frame takes Wine as long as loading a few lines.
+TEST_F(RichEditBoxTest, BoxesThatChangePlacesPaintTheirFramesLater) {
+  RichEditBox other(driver_.settings(), driver_.window(), 6, 96, EditBox::Events{});
+  other.Load(u"text");
+  other.SetVisible(true);
+  other.SetVisible(false);
+  RealEditBoxDriver::Pump();
+  static int frames;
+  frames = 0;
+  static WNDPROC procedure;
+  procedure = reinterpret_cast<WNDPROC>(
+      SetWindowLongPtrW(other.Window(), GWLP_WNDPROC,
+                        reinterpret_cast<LONG_PTR>(+[](HWND window, UINT message, WPARAM wParam,
+                                                       LPARAM lParam) -> LRESULT {
+                          frames += message == WM_NCPAINT ? 1 : 0;
+                          return CallWindowProcW(procedure, window, message, wParam, lParam);
+                        })));
+  other.SetVisible(true);
+  box().SetVisible(false);
+  EXPECT_EQ(frames, 0);
+  RealEditBoxDriver::Pump();
+  EXPECT_EQ(frames, 1);
+  SetWindowLongPtrW(other.Window(), GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+}
+
 // What counts as the text is what the control makes of it.
 TEST_F(RichEditBoxTest, AsksTheControlAboutCharactersThatItMightNotHold) {
   for (const std::u16string text :

@@ -211,7 +211,8 @@ void MainWindow::OnFilesDropped(const std::vector<std::u16string>& paths) {
 // From any program. What is to be opened is opened here, while nothing else can come between; the
 // sender is let go first, for the user may be asked a question.
 LRESULT MainWindow::OnCopyData(const COPYDATASTRUCT& data) {
-  if (!events.isWaiting) return static_cast<LRESULT>(HandOverReply::kRefused);
+  // One that has been closed no longer tells anybody; the start waits for its end.
+  if (!events.isWaiting && !closed_) return static_cast<LRESULT>(HandOverReply::kRefused);
   const auto* bytes = static_cast<const char*>(data.lpData);
   const HandOverAnswer answer =
       AnswerHandOver(data.dwData, {bytes, bytes != nullptr ? data.cbData : 0}, State());

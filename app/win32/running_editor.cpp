@@ -85,11 +85,13 @@ std::optional<HandOverReply> RunningEditor::Tell(const std::string& bytes) const
   COPYDATASTRUCT data{static_cast<ULONG_PTR>(kHandOverKind), static_cast<DWORD>(copy.size()),
                       copy.data()};
   DWORD_PTR answer = 0;
-  if (SendMessageTimeoutW(search.found, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data),
-                          SMTO_ABORTIFHUNG, kAnswerWithin, &answer) == 0) {
-    return HandOverReply::kRefused;
-  }
-  return ReplyOf(answer);
+  const bool answered =
+      SendMessageTimeoutW(search.found, WM_COPYDATA, 0, reinterpret_cast<LPARAM>(&data),
+                          SMTO_ABORTIFHUNG, kAnswerWithin, &answer) != 0;
+  const HandOverReply reply = answered ? ReplyOf(answer) : HandOverReply::kRefused;
+  // For a window that ended meanwhile the system answers, and that is no refusal.
+  if (reply == HandOverReply::kRefused && !IsWindow(search.found)) return std::nullopt;
+  return reply;
 }
 
 void LetItBeFound(HWND window) {

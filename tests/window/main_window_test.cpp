@@ -113,6 +113,9 @@ TEST_F(LaterStarts, FindAWindowClosedThatIsOnItsWayOut) {
   EXPECT_EQ(HandOver(u""), static_cast<LRESULT>(HandOverReply::kBusy));
   EXPECT_EQ(HandOver(u"C:\\a.tmj"), static_cast<LRESULT>(HandOverReply::kBusy));
   EXPECT_FALSE(Happened("handed over C:\\a.tmj"));
+  // The program takes its part of the window back before the window ends.
+  window.events = {};
+  EXPECT_EQ(HandOver(u"C:\\a.tmj"), static_cast<LRESULT>(HandOverReply::kBusy));
 }
 
 TEST_F(LaterStarts, CannotMakeItDoAnythingElse) {

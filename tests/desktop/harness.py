@@ -594,6 +594,17 @@ class Program:
             self._process.kill()
         self._process.wait()
 
+    def running(self):
+        """The command lines of those of its processes that have not ended."""
+        lines = []
+        for pid in self._marked_processes():
+            try:
+                lines.append(Path(f"/proc/{pid}/cmdline").read_bytes().replace(b"\0", b" ").decode(
+                    errors="replace").strip())
+            except OSError:
+                pass  # it has ended since
+        return lines
+
     def _marked_processes(self):
         mark = f"{MARK}={self._mark}".encode()
         for entry in Path("/proc").iterdir():
@@ -626,6 +637,8 @@ class DesktopTest(unittest.TestCase):
             except BaseException as problem:
                 self.screenshot("failure")
                 problem.add_note(f"in view: {self._windows_in_view()}")
+                problem.add_note("running: " + ", ".join(
+                    line for program in self._programs for line in program.running()))
                 raise
         return types.MethodType(run, self)  # a plain function could not be asked for by its name
 
@@ -652,6 +665,7 @@ class DesktopTest(unittest.TestCase):
         shutil.rmtree(self.directory, ignore_errors=True)
         self.directory.mkdir(parents=True)
         self._app = None
+        self._programs = []
 
     @property
     def app(self):
@@ -669,6 +683,7 @@ class DesktopTest(unittest.TestCase):
         program = Program(executable, arguments, directory or Path(executable).parent,
                           self.directory / "output.log")
         self.addCleanup(program.end)
+        self._programs.append(program)
         return program
 
     def start_editor(self, *files):

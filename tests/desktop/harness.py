@@ -419,7 +419,8 @@ class Program:
             # pylint: disable-next=consider-using-with  # ends in wait_end() or end()
             self._process = subprocess.Popen(
                 ["wine", str(executable), *arguments], cwd=directory, stdin=subprocess.DEVNULL,
-                stdout=output, stderr=output, env={**os.environ, MARK: self._mark})
+                stdout=output, stderr=output,
+                env={**os.environ, MARK: self._mark, "WINEDEBUG": "-all,err+all"})
 
     # Windows.
 
@@ -595,12 +596,15 @@ class Program:
         self._process.wait()
 
     def running(self):
-        """The command lines of those of its processes that have not ended."""
+        """Of its processes that have not ended the command lines and what each thread waits for."""
         lines = []
         for pid in self._marked_processes():
             try:
-                lines.append(Path(f"/proc/{pid}/cmdline").read_bytes().replace(b"\0", b" ").decode(
-                    errors="replace").strip())
+                command = Path(f"/proc/{pid}/cmdline").read_bytes().replace(b"\0", b" ").decode(
+                    errors="replace").strip()
+                waits = [task.joinpath("wchan").read_text() or "?"
+                         for task in sorted(Path(f"/proc/{pid}/task").iterdir())]
+                lines.append(f"{command} ({', '.join(waits)})")
             except OSError:
                 pass  # it has ended since
         return lines
@@ -639,6 +643,8 @@ class DesktopTest(unittest.TestCase):
                 problem.add_note(f"in view: {self._windows_in_view()}")
                 problem.add_note("running: " + ", ".join(
                     line for program in self._programs for line in program.running()))
+                problem.add_note("wrote: " + repr("".join(
+                    log.read_text(errors="replace") for log in self.directory.glob("*.log"))))
                 raise
         return types.MethodType(run, self)  # a plain function could not be asked for by its name
 

@@ -37,6 +37,22 @@ WineVariables() {
   export WINEPREFIX=$wineHome WINEARCH=win64 WINEDEBUG=-all LC_ALL=C.UTF-8
   export WINEDLLOVERRIDES='mscoree=;mshtml=;winemenubuilder.exe=d'
   unset LANG LANGUAGE
+  WineFixAddresses
+}
+
+# Debian's loader of Wine lies low in the address space, with its heap anywhere in the gigabyte above,
+# and one page in there must be free: one start in 8,000 finds the heap on it and ends without a word.
+# The heap is always at the same place for what is started without random addresses. A container may
+# forbid that; then it stays at one in 8,000.
+WineFixAddresses() {
+  local commands=$wineHome.bin
+  if [[ :$PATH: == *:$commands:* ]] || ! setarch -R true 2>/dev/null; then
+    return 0
+  fi
+  mkdir -p "$commands"
+  printf '#!/bin/sh\nexec setarch -R "%s" "$@"\n' "$(command -v wine)" >"$commands/wine"
+  chmod +x "$commands/wine"
+  PATH=$commands:$PATH
 }
 
 # WineBegin private|here
@@ -153,7 +169,7 @@ WinePrepare() {
   rm -rf "$wineHome"
   mkdir -p "$wineHome"
   wineserver -p </dev/null >/dev/null 2>&1
-  if ! wineboot -i </dev/null >"$wineLogs/wineboot.log" 2>&1; then
+  if ! wine wineboot -i </dev/null >"$wineLogs/wineboot.log" 2>&1; then
     printf 'wine: no prefix, see %s\n' "$wineLogs/wineboot.log" >&2
     return 1
   fi

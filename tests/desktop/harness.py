@@ -567,6 +567,10 @@ class Program:
     def post(self, id):
         probe().ask("post", self._main.handle, WM_COMMAND, id, 0)
 
+    @property
+    def unix_pid(self):
+        return self._process.pid
+
     def kill(self):
         self._process.kill()
 

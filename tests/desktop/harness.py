@@ -80,6 +80,7 @@ WORK = Path(os.environ.get("DECK_WORK", ROOT / "build" / "desktop"))
 
 PATIENCE = 45.0  # seconds; a busy machine takes ten times as long as an idle one
 LOOK_EVERY = 0.05
+SETTLED_WITHIN = 3.0
 ANSWER_WITHIN = 60.0
 # Marks our own processes: what a program starts inherits its environment.
 MARK = "DECK_DESKTOP_TEST"
@@ -162,11 +163,29 @@ def title_with_keys():
     return (window_with_keys() or ("", ""))[1]
 
 
+def settle():
+    """Waits until the display gives the keys to Windows' foreground window.
+
+    A change of the keyboard that comes while a button is held down takes the click back, as if the
+    pointer had left what was pressed. Where a program has passed the focus on from one of its
+    windows to another the two disagree for good, so that is not waited for long.
+    """
+    end = time.monotonic() + SETTLED_WITHIN
+    while time.monotonic() < end:
+        foreground = probe().ask("focus")["foreground"]
+        titles = [facts["title"] for facts in probe().ask("windows")
+                  if facts["handle"] == foreground]
+        if title_with_keys() in titles:
+            return
+        time.sleep(LOOK_EVERY)
+
+
 def move(x, y):
     xdotool("mousemove", x, y)
 
 
 def click(x, y, button=1, times=1):
+    settle()
     xdotool("mousemove", x, y, "click", "--repeat", times, "--delay", 60, button)
 
 
@@ -180,6 +199,7 @@ def right_click(x, y):
 
 def drag(start, end):
     """Presses the left button at start, moves to end in a few steps as a hand does, and lets go."""
+    settle()
     words = ["mousemove", *start, "mousedown", 1]
     for step in range(1, 6):
         x = start[0] + (end[0] - start[0]) * step // 5

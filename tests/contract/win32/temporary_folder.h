@@ -17,6 +17,8 @@ class TemporaryFolder {
   int CountFiles() const;
 
  private:
+  bool Remove() const;
+
   std::u16string path_;
   std::u16string previousCurrentFolder_;
 };
